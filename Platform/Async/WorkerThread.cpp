@@ -1,0 +1,15 @@
+#include "Platform/Async/WorkerThread.h"
+
+namespace platform {
+
+WorkerThread::WorkerThread(const QString& name) {
+    thread_.setObjectName(name);
+    thread_.start();
+}
+
+void WorkerThread::stop() {
+    thread_.quit();
+    thread_.wait();
+}
+
+} // namespace platform

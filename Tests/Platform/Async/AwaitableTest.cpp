@@ -1,0 +1,265 @@
+// What every awaitable owes whoever awaits it, held against each of them.
+
+#include "Platform/Async/AsyncStream.h"
+#include "Platform/Async/Mailbox.h"
+#include "Platform/Async/SleepFor.h"
+#include "Platform/Async/TaskHandle.h"
+#include "Platform/Async/WorkerThread.h"
+#include "Tests/Support/ManualClock.h"
+#include "Tests/Support/WaitUntil.h"
+
+#include <QCoreApplication>
+#include <QPromise>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+using namespace platform;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// One awaitable with its other end, so that a test can decide when and how the wait is over.
+class Subject {
+public:
+    Subject() = default;
+    Subject(const Subject&) = delete;
+    Subject& operator=(const Subject&) = delete;
+    virtual ~Subject() = default;
+
+    virtual Task<> wait() = 0;
+    virtual void complete() = 0;
+    /// False where the awaitable cannot fail.
+    virtual bool fail() { return false; }
+    /// False where it is never ready at once.
+    virtual bool isReadyWhenCompleted() const { return true; }
+};
+
+class SleepSubject final : public Subject {
+public:
+    Task<> wait() override { co_await sleepFor(clock_, 10s); }
+    void complete() override { clock_.advance(10s); }
+    bool isReadyWhenCompleted() const override { return false; }
+
+private:
+    test::ManualClock clock_;
+};
+
+class FutureSubject final : public Subject {
+public:
+    FutureSubject() { promise_.start(); }
+    Task<> wait() override { EXPECT_EQ(co_await promise_.future(), 7); }
+    void complete() override {
+        promise_.addResult(7);
+        promise_.finish();
+    }
+    bool fail() override {
+        promise_.setException(std::make_exception_ptr(std::runtime_error("refused")));
+        promise_.finish();
+        return true;
+    }
+
+private:
+    QPromise<int> promise_;
+};
+
+class StreamSubject final : public Subject {
+public:
+    Task<> wait() override { EXPECT_EQ(co_await stream_.first.next(), 7); }
+    void complete() override { stream_.second.push(7); }
+
+private:
+    std::pair<AsyncStream<int>, AsyncStreamWriter<int>> stream_ = AsyncStream<int>::make();
+};
+
+class ChildTaskSubject final : public Subject {
+public:
+    Task<> wait() override { EXPECT_EQ(co_await child(), 8); }
+    void complete() override { future_.complete(); }
+    bool fail() override { return future_.fail(); }
+
+private:
+    Task<int> child() {
+        co_await future_.wait();
+        co_return 8;
+    }
+    FutureSubject future_;
+};
+
+class TaskEndSubject final : public Subject {
+public:
+    TaskEndSubject() : handle_(startTask(future_.wait())) {}
+    Task<> wait() override { EXPECT_EQ(co_await handle_.finished(), TaskOutcome::completed); }
+    void complete() override {
+        future_.complete();
+        test::drainEvents();
+    }
+
+private:
+    FutureSubject future_;
+    TaskHandle handle_;
+};
+
+class MailboxSubject final : public Subject {
+public:
+    Task<> wait() override {
+        EXPECT_EQ(co_await mailbox_.call([](Remote& remote) { return remote.next(); }), 7);
+    }
+    void complete() override { writer().push(7); }
+    bool fail() override {
+        writer().finish();
+        return true;
+    }
+    bool isReadyWhenCompleted() const override { return false; }
+
+private:
+    struct Remote {
+        AsyncStream<int> stream;
+        Task<int> next() {
+            const auto item = co_await stream.next();
+            if (!item)
+                throw std::runtime_error("ended");
+            co_return *item;
+        }
+    };
+    AsyncStreamWriter<int>& writer() { return stream_.second; }
+
+    std::pair<AsyncStream<int>, AsyncStreamWriter<int>> stream_ = AsyncStream<int>::make();
+    WorkerThread thread_{QStringLiteral("remote")};
+    Mailbox<Remote> mailbox_{thread_.thread(),
+                             [this] { return std::make_unique<Remote>(std::move(stream_.first)); }};
+};
+
+struct Kind {
+    const char* name;
+    std::unique_ptr<Subject> (*make)();
+};
+
+template <typename S>
+std::unique_ptr<Subject> make() {
+    return std::make_unique<S>();
+}
+
+class Awaitable : public testing::TestWithParam<Kind> {
+protected:
+    enum class Progress { begun, passed, failed };
+
+    Task<> await() {
+        const Ended atEnd{ended_};
+        progress_ = Progress::begun;
+        if (cancelFromInside_)
+            handle_.cancel();
+        try {
+            co_await subject_->wait();
+            progress_ = Progress::passed;
+        } catch (const std::runtime_error&) {
+            progress_ = Progress::failed;
+        }
+    }
+
+    void start() { handle_ = startTask(await()); }
+    bool hasEnded() const { return ended_; }
+
+    struct Ended {
+        bool& flag;
+        ~Ended() { flag = true; }
+    };
+
+    std::unique_ptr<Subject> subject_ = GetParam().make();
+    std::optional<Progress> progress_;
+    bool ended_ = false;
+    bool cancelFromInside_ = false;
+    TaskHandle handle_;
+};
+
+TEST_P(Awaitable, ResumesWhenItCompletes) {
+    start();
+    EXPECT_FALSE(progress_) << "started inside startTask";
+    test::drainEvents();
+    ASSERT_EQ(progress_, Progress::begun);
+    subject_->complete();
+    EXPECT_TRUE(test::waitUntil([&] { return hasEnded(); }));
+    EXPECT_EQ(progress_, Progress::passed);
+    EXPECT_FALSE(handle_.isRunning());
+}
+
+TEST_P(Awaitable, DoesNotSuspendWhenItIsReady) {
+    subject_->complete();
+    start();
+    if (subject_->isReadyWhenCompleted()) {
+        QCoreApplication::sendPostedEvents(); // the first step, and nothing that it posts
+        EXPECT_TRUE(hasEnded());
+    } else if (dynamic_cast<MailboxSubject*>(subject_.get())) {
+        EXPECT_TRUE(test::waitUntil([&] { return hasEnded(); }));
+    }
+}
+
+TEST_P(Awaitable, NeverBeginsWhenCancelledBefore) {
+    start();
+    handle_.cancel();
+    subject_->complete();
+    test::drainEvents();
+    EXPECT_FALSE(progress_);
+    EXPECT_FALSE(handle_.isRunning());
+}
+
+TEST_P(Awaitable, EndsAtOnceWhenCancelledDuring) {
+    start();
+    test::drainEvents();
+    handle_.cancel();
+    EXPECT_TRUE(hasEnded());
+    subject_->complete();
+    test::drainEvents();
+    EXPECT_EQ(progress_, Progress::begun);
+}
+
+TEST_P(Awaitable, EndsAtTheAwaitWhenCancelledFromInside) {
+    subject_->complete();
+    cancelFromInside_ = true;
+    start();
+    test::drainEvents();
+    EXPECT_TRUE(hasEnded());
+    EXPECT_EQ(progress_, Progress::begun);
+}
+
+TEST_P(Awaitable, EndsWithItsOwner) {
+    start();
+    test::drainEvents();
+    {
+        const TaskHandle owner = std::move(handle_);
+    }
+    EXPECT_TRUE(hasEnded());
+    subject_->complete();
+    test::drainEvents();
+    EXPECT_EQ(progress_, Progress::begun);
+}
+
+TEST_P(Awaitable, PassesTheErrorOn) {
+    start();
+    test::drainEvents();
+    if (!subject_->fail())
+        return; // this one has no way to fail
+    EXPECT_TRUE(test::waitUntil([&] { return hasEnded(); }));
+    EXPECT_EQ(progress_, Progress::failed);
+}
+
+TEST_P(Awaitable, MayGoWhileItIsAwaitedElsewhereCancelled) {
+    start();
+    test::drainEvents();
+    handle_ = {};
+    subject_.reset();
+    test::drainEvents();
+    EXPECT_EQ(progress_, Progress::begun);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Awaitable,
+                         testing::Values(Kind{"Sleep", make<SleepSubject>},
+                                         Kind{"Future", make<FutureSubject>},
+                                         Kind{"Stream", make<StreamSubject>},
+                                         Kind{"ChildTask", make<ChildTaskSubject>},
+                                         Kind{"TaskEnd", make<TaskEndSubject>},
+                                         Kind{"MailboxCall", make<MailboxSubject>}),
+                         [](const auto& info) { return info.param.name; });
+
+} // namespace

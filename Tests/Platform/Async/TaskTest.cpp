@@ -1,0 +1,263 @@
+#include "Platform/Async/AsyncStream.h"
+#include "Platform/Async/FutureAwaiter.h"
+#include "Platform/Async/SleepFor.h"
+#include "Platform/Async/TaskScope.h"
+#include "Tests/Support/ManualClock.h"
+
+#include <QEventLoop>
+#include <QPromise>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+using namespace platform;
+using namespace std::chrono_literals;
+
+static_assert(!std::is_copy_constructible_v<Task<int>>);
+static_assert(!std::is_copy_constructible_v<TaskHandle>);
+
+namespace {
+
+template <typename Promise, typename Awaited>
+concept CanAwait = requires(Promise promise, Awaited awaited) {
+    promise.await_transform(std::forward<Awaited>(awaited));
+};
+using Promise = Task<>::promise_type;
+static_assert(CanAwait<Promise, Task<int>> && CanAwait<Promise, QFuture<int>> &&
+              CanAwait<Promise, Sleep>);
+static_assert(!CanAwait<Promise, std::suspend_never> && !CanAwait<Promise, int>);
+static_assert(!CanAwait<Promise, Task<int>&>, "a task is awaited as an rvalue, once");
+
+Task<int> immediate(int value) {
+    co_return value;
+}
+
+Task<> add(int count, int& sum) {
+    for (int i = 0; i < count; ++i)
+        sum += co_await immediate(1);
+}
+
+Task<int> depth(int levels) {
+    if (levels == 0)
+        co_return 0;
+    const int below = co_await depth(levels - 1);
+    co_return below + 1;
+}
+
+Task<> store(Task<int> task, int& result) {
+    result = co_await std::move(task);
+}
+
+/// Writes its name when it is destroyed.
+struct Trace {
+    std::string& order;
+    const char* name;
+    ~Trace() { order += name; }
+};
+
+Task<> inner(Clock& clock, std::string& order) {
+    const Trace trace{order, "inner "};
+    co_await sleepFor(clock, 1s);
+}
+
+Task<> outer(Clock& clock, std::string& order) {
+    const Trace trace{order, "outer "};
+    co_await inner(clock, order);
+}
+
+Task<> throwing(const char* text) {
+    throw std::runtime_error(text);
+    co_return;
+}
+
+std::string caught;
+
+void catchError(const std::exception_ptr& error) {
+    try {
+        std::rethrow_exception(error);
+    } catch (const std::exception& exception) {
+        caught = exception.what();
+    }
+}
+
+Task<> cancelInNestedLoop(TaskHandle& self, bool& wentOn, QFuture<int> ready) {
+    QEventLoop loop;
+    QMetaObject::invokeMethod(
+        &loop,
+        [&] {
+            self.cancel();
+            loop.quit();
+        },
+        Qt::QueuedConnection);
+    loop.exec();
+    wentOn = true; // still running: the frame is not taken from under it
+    co_await ready;
+    ADD_FAILURE() << "went past an await after it was cancelled";
+}
+
+Task<> waitForEnd(const TaskHandle& task, std::vector<TaskOutcome>& outcomes) {
+    outcomes.push_back(co_await task.finished());
+}
+
+} // namespace
+
+TEST(Task, AwaitsAMillionReadyTasksOnAFlatStack) {
+    int sum = 0;
+    const auto handle = startTask(add(1'000'000, sum));
+    test::drainEvents();
+    EXPECT_EQ(sum, 1'000'000);
+}
+
+TEST(Task, ReturnsThroughManyLevelsOnAFlatStack) {
+    int result = 0;
+    const auto handle = startTask(store(depth(10'000), result));
+    test::drainEvents();
+    EXPECT_EQ(result, 10'000);
+}
+
+TEST(Task, DestroysTheInnermostFrameFirst) {
+    test::ManualClock clock;
+    std::string order;
+    auto handle = startTask(outer(clock, order));
+    test::drainEvents();
+    handle.cancel();
+    EXPECT_EQ(order, "inner outer ");
+    EXPECT_EQ(clock.timerCount(), 0u);
+}
+
+TEST(Task, IsNotDestroyedWhileItRuns) {
+    QPromise<int> promise;
+    promise.start();
+    promise.addResult(1);
+    promise.finish();
+    bool wentOn = false;
+    TaskHandle handle;
+    handle = startTask(cancelInNestedLoop(handle, wentOn, promise.future()));
+    test::drainEvents();
+    EXPECT_TRUE(wentOn);
+    EXPECT_FALSE(handle.isRunning());
+}
+
+TEST(Task, GivesAnErrorThatLeavesItToTheHookAndTellsItsWaiters) {
+    const auto before = TaskControl::setUnhandledErrorHook(catchError);
+    std::vector<TaskOutcome> outcomes;
+    const auto handle = startTask(throwing("lost"));
+    const auto waiter = startTask(waitForEnd(handle, outcomes));
+    test::drainEvents();
+    TaskControl::setUnhandledErrorHook(before);
+    EXPECT_EQ(caught, "lost");
+    EXPECT_EQ(outcomes, std::vector{TaskOutcome::failed});
+}
+
+TEST(TaskHandle, ResumesWaitersByAnEventAlsoWhenItIsGone) {
+    test::ManualClock clock;
+    std::string order;
+    std::vector<TaskOutcome> outcomes;
+    auto handle = startTask(inner(clock, order));
+    const auto first = startTask(waitForEnd(handle, outcomes));
+    const auto second = startTask(waitForEnd(handle, outcomes));
+    test::drainEvents();
+    handle = {};
+    EXPECT_TRUE(outcomes.empty()) << "resumed inside cancel";
+    test::drainEvents();
+    EXPECT_EQ(outcomes, (std::vector{TaskOutcome::cancelled, TaskOutcome::cancelled}));
+}
+
+TEST(TaskScope, CancelsWhatStillRuns) {
+    test::ManualClock clock;
+    std::string order;
+    {
+        TaskScope scope;
+        scope.start(inner(clock, order));
+        scope.start(outer(clock, order));
+        test::drainEvents();
+        EXPECT_TRUE(scope.isRunning());
+        EXPECT_EQ(clock.timerCount(), 2u);
+    }
+    EXPECT_EQ(order, "inner inner outer ");
+    EXPECT_EQ(clock.timerCount(), 0u);
+}
+
+TEST(Sleep, RoundsUpToMilliseconds) {
+    test::ManualClock clock;
+    std::string order;
+    const auto nap = [](Clock& on, TimeInterval duration, bool& awake) -> Task<> {
+        co_await sleepFor(on, duration);
+        awake = true;
+    };
+    bool awake = false;
+    const auto handle = startTask(nap(clock, TimeInterval(0.0101), awake));
+    clock.advance(10ms);
+    EXPECT_FALSE(awake);
+    clock.advance(1ms);
+    EXPECT_TRUE(awake);
+    for (const double duration : {0.0, -5.0, std::numeric_limits<double>::quiet_NaN()}) {
+        awake = false;
+        const auto short_ = startTask(nap(clock, TimeInterval(duration), awake));
+        EXPECT_FALSE(awake);
+        clock.advance(0ms);
+        EXPECT_TRUE(awake) << duration;
+    }
+}
+
+TEST(FutureAwaiter, ThrowsWhenThereIsNoResult) {
+    const auto awaitIt = [](QFuture<int> future, bool& cancelled) -> Task<> {
+        try {
+            co_await future;
+        } catch (const CancelledError&) {
+            cancelled = true;
+        }
+    };
+    bool broken = false;
+    bool invalid = false;
+    auto promise = std::make_unique<QPromise<int>>();
+    promise->start();
+    const auto first = startTask(awaitIt(promise->future(), broken));
+    const auto second = startTask(awaitIt(QFuture<int>(), invalid));
+    test::drainEvents();
+    EXPECT_FALSE(broken);
+    promise.reset();
+    test::drainEvents();
+    EXPECT_TRUE(broken);
+    EXPECT_TRUE(invalid);
+}
+
+#if defined(QT_DEBUG) && !defined(__SANITIZE_ADDRESS__)
+
+namespace {
+
+void awaitOwnEnd() {
+    const auto waitForSelf = [](TaskHandle& self) -> Task<> { co_await self.finished(); };
+    TaskHandle handle;
+    handle = startTask(waitForSelf(handle));
+    test::drainEvents();
+}
+
+void consumeTwice() {
+    auto made = AsyncStream<int>::make();
+    const auto consume = [](AsyncStream<int>& from) -> Task<> { co_await from.next(); };
+    const auto first = startTask(consume(made.first));
+    const auto second = startTask(consume(made.first));
+    test::drainEvents();
+}
+
+void resumeElsewhere() {
+    const auto handle = startTask(throwing("never"));
+    std::jthread([&handle] { const_cast<TaskHandle&>(handle).cancel(); });
+}
+
+} // namespace
+
+TEST(TaskDeathTest, AssertsAgainstMisuse) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(static_cast<void>(startTask(Task<>())), "empty task");
+    EXPECT_DEATH(static_cast<void>(TaskHandle().finished()), "no task to wait for");
+    EXPECT_DEATH(awaitOwnEnd(), "its own end");
+    EXPECT_DEATH(consumeTwice(), "one consumer");
+    EXPECT_DEATH(resumeElsewhere(), "currentThread");
+}
+
+#endif
