@@ -2,6 +2,7 @@
 
 #include "Platform/Async/Awaiter.h"
 #include "Platform/Async/CancelledError.h"
+#include "Platform/Async/ThreadHandOver.h"
 
 #include <QFuture>
 #include <QFutureWatcher>
@@ -32,6 +33,7 @@ public:
     }
 
     T take() {
+        acquireFromOtherThread(&throughQt);
         future_.waitForFinished(); // does not wait any more; rethrows
         if (future_.isCanceled() || !hasResult())
             throw CancelledError();

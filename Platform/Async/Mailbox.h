@@ -2,6 +2,7 @@
 
 #include "Platform/Async/FutureAwaiter.h"
 #include "Platform/Async/MailboxReceiver.h"
+#include "Platform/Async/ThreadHandOver.h"
 
 #include <QPromise>
 
@@ -35,6 +36,7 @@ Task<void> keepPromise(QPromise<T> promise, Task<T> body) {
     } catch (...) {
         promise.setException(std::current_exception());
     }
+    releaseToOtherThread(&throughQt);
     promise.finish();
 }
 
@@ -48,6 +50,7 @@ void answer(QPromise<T>& promise, Function& function, Object& object) {
     } catch (...) {
         promise.setException(std::current_exception());
     }
+    releaseToOtherThread(&throughQt);
     promise.finish();
 }
 
@@ -72,8 +75,10 @@ public:
     Mailbox(const Mailbox&) = delete;
     Mailbox& operator=(const Mailbox&) = delete;
     ~Mailbox() {
-        if (QObject* const receiver = slot_->close())
+        if (QObject* const receiver = slot_->close()) {
+            releaseToOtherThread(receiver);
             receiver->deleteLater();
+        }
     }
 
     /// Calls `function(object)` on the object's thread, where it may give a value or a task. From

@@ -1,5 +1,7 @@
 #include "Platform/Async/MailboxReceiver.h"
 
+#include "Platform/Async/ThreadHandOver.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFutureWatcher>
@@ -66,19 +68,25 @@ MailboxReceiver::MailboxReceiver(std::shared_ptr<MailboxSlot> slot, QThread& thr
     connect(
         &thread, &QThread::finished, this,
         [this] {
+            acquireFromOtherThread(this);
             if (slot_->close())
                 deleteLater();
         },
         Qt::DirectConnection);
     slot_->open(*this);
+    releaseToOtherThread(this);
 }
 
 MailboxReceiver::~MailboxReceiver() {
     running_.clear();
+    target_.reset();
+    releaseToOtherThread(&throughQt);
 }
 
 void MailboxReceiver::notify() {
-    QCoreApplication::postEvent(this, new QEvent(callType()));
+    auto* const event = new QEvent(callType());
+    releaseToOtherThread(this);
+    QCoreApplication::postEvent(this, event);
 }
 
 void MailboxReceiver::run(Task<void> body, const QFuture<void>& future) {
@@ -87,6 +95,7 @@ void MailboxReceiver::run(Task<void> body, const QFuture<void>& future) {
 }
 
 bool MailboxReceiver::event(QEvent* event) {
+    acquireFromOtherThread(this);
     if (event->type() != callType())
         return QObject::event(event);
     auto calls = slot_->takeAll();

@@ -1,5 +1,7 @@
 #include "Platform/Async/StreamBell.h"
 
+#include "Platform/Async/ThreadHandOver.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QThread>
@@ -16,7 +18,9 @@ QEvent::Type ringType() {
 } // namespace
 
 void StreamBell::ring() {
-    QCoreApplication::postEvent(this, new QEvent(ringType()));
+    auto* const event = new QEvent(ringType());
+    releaseToOtherThread(this);
+    QCoreApplication::postEvent(this, event);
 }
 
 void StreamBell::wait(Suspension consumer) {
@@ -32,6 +36,7 @@ bool StreamBell::isTurnOver() {
 }
 
 bool StreamBell::event(QEvent* event) {
+    acquireFromOtherThread(this);
     if (event->type() != ringType())
         return QObject::event(event);
     turnBegan_ = std::chrono::steady_clock::now();

@@ -25,6 +25,9 @@ inline void releaseToOtherThread([[maybe_unused]] const void* address) {
 #endif
 }
 
+/// The mark of what crosses through a `QFuture` or the end of a thread.
+inline constexpr char throughQt = 0;
+
 /// The other end of `releaseToOtherThread`.
 inline void acquireFromOtherThread([[maybe_unused]] const void* address) {
 #ifdef QUORVEL_THREAD_SANITIZER

@@ -1,5 +1,7 @@
 #include "Platform/Async/WorkerThread.h"
 
+#include "Platform/Async/ThreadHandOver.h"
+
 namespace platform {
 
 WorkerThread::WorkerThread(const QString& name) {
@@ -10,6 +12,7 @@ WorkerThread::WorkerThread(const QString& name) {
 void WorkerThread::stop() {
     thread_.quit();
     thread_.wait();
+    acquireFromOtherThread(&throughQt);
 }
 
 } // namespace platform

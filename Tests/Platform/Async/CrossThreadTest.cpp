@@ -45,7 +45,9 @@ class MailboxTest : public testing::Test {
 protected:
     template <typename T>
     bool finishes(const QFuture<T>& future) {
-        return test::waitUntil([&] { return future.isFinished(); });
+        const bool hasFinished = test::waitUntil([&] { return future.isFinished(); });
+        acquireFromOtherThread(&throughQt);
+        return hasFinished;
     }
 
     auto append(const char* text, TimeInterval delay) {

@@ -1,0 +1,35 @@
+#include "Platform/Foundation/ClosingWebSockets.h"
+
+#include <QTimer>
+#include <QWebSocket>
+
+#include <chrono>
+
+namespace platform {
+
+using namespace std::chrono_literals;
+
+ClosingWebSockets::ClosingWebSockets() : context_(std::make_unique<QObject>()) {}
+
+ClosingWebSockets::~ClosingWebSockets() {
+    context_.reset();
+}
+
+void ClosingWebSockets::close(std::unique_ptr<QWebSocket> socket, std::uint16_t closeCode) {
+    QWebSocket* const key = socket.get();
+    sockets_.emplace(key, std::move(socket));
+    QObject::connect(key, &QWebSocket::disconnected, context_.get(), [this, key] { forget(key); });
+    QTimer::singleShot(2s, key, [key] { key->abort(); });
+    key->close(static_cast<QWebSocketProtocol::CloseCode>(closeCode));
+}
+
+void ClosingWebSockets::forget(QWebSocket* socket) {
+    const auto found = sockets_.find(socket);
+    if (found == sockets_.end())
+        return;
+    // Inside the socket's own signal.
+    found->second.release()->deleteLater();
+    sockets_.erase(found);
+}
+
+} // namespace platform

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+
+class QObject;
+class QWebSocket;
+
+namespace platform {
+
+/// Keeps sockets that have sent their close frame until the other side has answered it, so that the
+/// frame is not lost with the socket. One that gets no answer within two seconds is dropped.
+class ClosingWebSockets {
+public:
+    ClosingWebSockets();
+    ClosingWebSockets(const ClosingWebSockets&) = delete;
+    ClosingWebSockets& operator=(const ClosingWebSockets&) = delete;
+    ~ClosingWebSockets();
+
+    /// Sends the close frame over an open socket. Its owner listens to it no more.
+    void close(std::unique_ptr<QWebSocket> socket, std::uint16_t closeCode);
+
+    /// Whether every socket has gone.
+    bool isEmpty() const { return sockets_.empty(); }
+
+private:
+    void forget(QWebSocket* socket);
+
+    std::map<QWebSocket*, std::unique_ptr<QWebSocket>> sockets_;
+    std::unique_ptr<QObject> context_;
+};
+
+} // namespace platform

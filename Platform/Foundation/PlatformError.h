@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace platform {
+
+/// A failure of the platform: the network, the file system, a service. Its description is meant for
+/// people and goes into messages as it stands.
+class PlatformError : public std::exception {
+public:
+    explicit PlatformError(QString description)
+        : description_(std::move(description)), what_(description_.toUtf8()) {}
+
+    /// One line for the user, in the language that the platform gives it.
+    const QString& localizedDescription() const { return description_; }
+
+    const char* what() const noexcept override { return what_.constData(); }
+
+private:
+    QString description_;
+    QByteArray what_;
+};
+
+} // namespace platform

@@ -1,0 +1,158 @@
+#include "Platform/Foundation/URLSessionWebSocketTask.h"
+
+#include <QWebSocket>
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+using Task = URLSessionWebSocketTask;
+
+Task::Send::~Send() {
+    std::erase(task_.waitingSends_, this);
+}
+
+bool Task::Send::isReady() {
+    if (task_.isOpen() && task_.waitingSends_.empty())
+        isSent_ = task_.socket_->sendTextMessage(text_) > 0 || text_.isEmpty();
+    return isSent_ || task_.error_;
+}
+
+bool Task::Send::suspend(Suspension waiter) {
+    waiter_ = waiter;
+    task_.waitingSends_.push_back(this);
+    return true;
+}
+
+void Task::Send::take() const {
+    if (!isSent_)
+        throw URLError(*task_.error_);
+}
+
+Task::Receive::~Receive() {
+    if (isWaiting_)
+        task_.receiver_ = {};
+}
+
+bool Task::Receive::isReady() const {
+    return !task_.messages_.empty() || task_.error_;
+}
+
+bool Task::Receive::suspend(Suspension waiter) {
+    Q_ASSERT_X(!task_.receiver_, "receive", "one caller at a time");
+    task_.receiver_ = waiter;
+    isWaiting_ = true;
+    return true;
+}
+
+WebSocketMessage Task::Receive::take() {
+    isWaiting_ = false;
+    if (task_.messages_.empty())
+        throw URLError(*task_.error_);
+    WebSocketMessage message = std::move(task_.messages_.front());
+    task_.messages_.pop_front();
+    return message;
+}
+
+Task::URLSessionWebSocketTask(const QUrl& url, Clock& clock, ClosingWebSockets& closing)
+    : url_(url),
+      clock_(clock),
+      closing_(closing),
+      socket_(std::make_unique<QWebSocket>()),
+      context_(std::make_unique<QObject>()) {
+    socket_->setMaxAllowedIncomingMessageSize(largestMessage);
+    socket_->setMaxAllowedIncomingFrameSize(largestMessage);
+    connectSignals();
+}
+
+Task::~URLSessionWebSocketTask() {
+    release();
+}
+
+void Task::connectSignals() {
+    QWebSocket* const socket = socket_.get();
+    QObject* const context = context_.get();
+    QObject::connect(socket, &QWebSocket::connected, context, [this] { opened(); });
+    QObject::connect(
+        socket, &QWebSocket::textMessageReceived, context,
+        [this](const QString& text) { received({WebSocketMessage::Kind::text, text.toUtf8()}); });
+    QObject::connect(
+        socket, &QWebSocket::binaryMessageReceived, context,
+        [this](const QByteArray& bytes) { received({WebSocketMessage::Kind::binary, bytes}); });
+    QObject::connect(socket, &QWebSocket::disconnected, context, [this] {
+        failed(URLError::Code::connectionClosed, QStringLiteral("The connection was closed."));
+    });
+    QObject::connect(socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), context,
+                     [this](QAbstractSocket::SocketError) {
+                         const auto code = isOpen() ? URLError::Code::connectionLost
+                                                    : URLError::Code::cannotConnect;
+                         failed(code, socket_->errorString());
+                     });
+}
+
+void Task::resume() {
+    handshakeTimer_ = clock_.startTimer(handshakeTimeout, [this] {
+        failed(URLError::Code::timedOut, QStringLiteral("The connection timed out."));
+    });
+    socket_->open(url_);
+}
+
+bool Task::isOpen() const {
+    return socket_ && socket_->state() == QAbstractSocket::ConnectedState && !error_;
+}
+
+void Task::opened() {
+    handshakeTimer_.reset();
+    const auto keptAlive = shared_from_this();
+    while (isOpen() && !waitingSends_.empty()) {
+        Send* const next = waitingSends_.front();
+        waitingSends_.pop_front();
+        next->isSent_ = socket_->sendTextMessage(next->text_) > 0 || next->text_.isEmpty();
+        next->waiter_.resume();
+    }
+}
+
+void Task::received(WebSocketMessage message) {
+    messages_.push_back(std::move(message));
+    if (const Suspension receiver = std::exchange(receiver_, {}))
+        receiver.resume();
+}
+
+void Task::failed(URLError::Code code, const QString& description) {
+    if (error_)
+        return;
+    const auto keptAlive = shared_from_this();
+    error_.emplace(code, description);
+    release();
+    while (!waitingSends_.empty()) {
+        Send* const next = waitingSends_.front();
+        waitingSends_.pop_front();
+        next->waiter_.resume();
+    }
+    if (const Suspension receiver = std::exchange(receiver_, {}))
+        receiver.resume();
+}
+
+void Task::cancel(std::uint16_t closeCode) {
+    if (error_)
+        return;
+    messages_.clear();
+    if (isOpen()) {
+        context_.reset();
+        closing_.close(std::move(socket_), closeCode);
+    }
+    failed(URLError::Code::cancelled, QStringLiteral("The connection was cancelled."));
+}
+
+void Task::release() {
+    handshakeTimer_.reset();
+    context_.reset();
+    if (!socket_)
+        return;
+    socket_->abort();
+    // This may run inside one of the socket's own signals.
+    socket_.release()->deleteLater();
+}
+
+} // namespace platform
