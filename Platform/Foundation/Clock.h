@@ -17,7 +17,8 @@ public:
     virtual ~ClockTimer() = default;
 };
 
-/// Where time is read and waited for. Handed in wherever either happens, so that a test can turn it.
+/// Where time is read and waited for. Handed in wherever either happens, so that a test can turn
+/// it.
 ///
 /// A clock may be shared between threads; a timer belongs to the thread that started it.
 class Clock {
