@@ -23,4 +23,11 @@ private:
     QByteArray what_;
 };
 
+/// What to tell the user of any error: the platform's own wording where it has one.
+inline QString localizedDescription(const std::exception& error) {
+    if (const auto* const platformError = dynamic_cast<const PlatformError*>(&error))
+        return platformError->localizedDescription();
+    return QString::fromUtf8(error.what());
+}
+
 } // namespace platform

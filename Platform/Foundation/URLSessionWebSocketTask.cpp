@@ -14,8 +14,8 @@ Task::Send::~Send() {
 }
 
 bool Task::Send::isReady() {
-    if (task_.isOpen() && task_.waitingSends_.empty())
-        isSent_ = task_.socket_->sendTextMessage(text_) > 0 || text_.isEmpty();
+    if (task_.canSend() && task_.waitingSends_.empty())
+        isSent_ = task_.write(text_);
     return isSent_ || task_.error_;
 }
 
@@ -102,13 +102,31 @@ bool Task::isOpen() const {
     return socket_ && socket_->state() == QAbstractSocket::ConnectedState && !error_;
 }
 
+bool Task::canSend() const {
+    return isOpen() && !sendTimer_;
+}
+
+bool Task::write(const QString& text) {
+    if (sendInterval_.count() > 0) {
+        sendTimer_ = clock_.startTimer(sendInterval_, [this] {
+            sendTimer_.reset();
+            sendWaiting();
+        });
+    }
+    return socket_->sendTextMessage(text) > 0 || text.isEmpty();
+}
+
 void Task::opened() {
     handshakeTimer_.reset();
+    sendWaiting();
+}
+
+void Task::sendWaiting() {
     const auto keptAlive = shared_from_this();
-    while (isOpen() && !waitingSends_.empty()) {
+    while (canSend() && !waitingSends_.empty()) {
         Send* const next = waitingSends_.front();
         waitingSends_.pop_front();
-        next->isSent_ = socket_->sendTextMessage(next->text_) > 0 || next->text_.isEmpty();
+        next->isSent_ = write(next->text_);
         next->waiter_.resume();
     }
 }
@@ -147,6 +165,7 @@ void Task::cancel(std::uint16_t closeCode) {
 
 void Task::release() {
     handshakeTimer_.reset();
+    sendTimer_.reset();
     context_.reset();
     if (!socket_)
         return;

@@ -78,6 +78,10 @@ public:
     URLSessionWebSocketTask& operator=(const URLSessionWebSocketTask&) = delete;
     ~URLSessionWebSocketTask();
 
+    /// Keeps at least this time between two sent messages; those in between wait their turn. None
+    /// at first.
+    void setSendInterval(std::chrono::milliseconds interval) { sendInterval_ = interval; }
+
     /// Begins to connect and returns at once.
     void resume();
 
@@ -96,6 +100,9 @@ public:
 private:
     void connectSignals();
     void opened();
+    void sendWaiting();
+    bool canSend() const;
+    bool write(const QString& text);
     void received(WebSocketMessage message);
     void failed(URLError::Code code, const QString& description);
     void release();
@@ -106,6 +113,8 @@ private:
     ClosingWebSockets& closing_;
     std::unique_ptr<QWebSocket> socket_;
     std::unique_ptr<ClockTimer> handshakeTimer_;
+    std::unique_ptr<ClockTimer> sendTimer_; ///< runs while the next message must wait
+    std::chrono::milliseconds sendInterval_{0};
     std::unique_ptr<QObject> context_;
     std::deque<Send*> waitingSends_;
     std::deque<WebSocketMessage> messages_;

@@ -1,0 +1,16 @@
+#include "QuorvelKit/MarketData/URLSessionTransport.h"
+
+#include "QuorvelKit/MarketData/HTTPTransportError.h"
+
+namespace quorvel {
+
+platform::Task<QByteArray> URLSessionTransport::get(QUrl url) {
+    auto response = co_await session_.data(std::move(url));
+    if (!response.statusCode)
+        throw HTTPTransportError::invalidResponse();
+    if (*response.statusCode < 200 || *response.statusCode > 299)
+        throw HTTPTransportError::requestFailed(*response.statusCode);
+    co_return std::move(response.body);
+}
+
+} // namespace quorvel

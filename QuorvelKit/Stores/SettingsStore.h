@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Platform/Foundation/UserDefaults.h"
+#include "QuorvelKit/Stores/AppLanguage.h"
+#include "QuorvelKit/Stores/AppearanceMode.h"
+#include "QuorvelKit/Stores/DisplaySettings.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+/// The user's settings, kept in the preferences. Owned by the delegate, which hands it to the
+/// application model; main thread.
+///
+/// Loading takes each value on its own and falls back where it is missing or makes no sense; it
+/// writes nothing. Every assignment is written at once, an equal value too; observers hear only of
+/// changes.
+class SettingsStore : public QObject {
+    Q_OBJECT
+
+public:
+    /// @param defaults must outlive the store
+    explicit SettingsStore(platform::UserDefaults& defaults);
+
+    const DisplaySettings& display() const { return display_; }
+    AppLanguage language() const { return language_; }
+    AppearanceMode appearance() const { return appearance_; }
+
+    void setDisplay(const DisplaySettings& display);
+
+    /// Also writes the list of preferred languages that is read at the next launch.
+    void setLanguage(AppLanguage language);
+    void setAppearance(AppearanceMode appearance);
+
+Q_SIGNALS:
+    void displayChanged();
+    void languageChanged();
+    void appearanceChanged();
+
+private:
+    DisplaySettings loadDisplay() const;
+    void saveDisplay();
+
+    platform::UserDefaults& defaults_;
+    DisplaySettings display_;
+    AppLanguage language_;
+    AppearanceMode appearance_;
+};
+
+} // namespace quorvel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "QuorvelKit/MarketModel/WatchlistItem.h"
+
+#include <vector>
+
+namespace quorvel {
+
+/// Where a watchlist is kept between runs.
+class WatchlistPersistence {
+public:
+    WatchlistPersistence() = default;
+    WatchlistPersistence(const WatchlistPersistence&) = delete;
+    WatchlistPersistence& operator=(const WatchlistPersistence&) = delete;
+    virtual ~WatchlistPersistence() = default;
+
+    /// The stored list. An implementation may throw where it cannot be had.
+    virtual std::vector<WatchlistItem> load() = 0;
+
+    /// Replaces the stored list. @throws std::exception where that fails
+    virtual void save(const std::vector<WatchlistItem>& items) = 0;
+};
+
+} // namespace quorvel
