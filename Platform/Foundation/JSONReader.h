@@ -2,6 +2,10 @@
 
 #include "Platform/Foundation/JSONValue.h"
 
+#include <QByteArray>
+
+#include <concepts>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -49,6 +53,13 @@ auto decodeJSON(std::string_view bytes, Decode&& decode) {
     auto result = std::invoke(decode, reader.root());
     reader.finish();
     return result;
+}
+
+/// The same for bytes as they come from files and sockets.
+template <std::same_as<QByteArray> Bytes, typename Decode>
+auto decodeJSON(const Bytes& bytes, Decode&& decode) {
+    return decodeJSON(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())),
+                      std::forward<Decode>(decode));
 }
 
 } // namespace platform

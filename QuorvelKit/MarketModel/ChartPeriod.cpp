@@ -1,0 +1,19 @@
+#include "QuorvelKit/MarketModel/ChartPeriod.h"
+
+#include "Platform/Foundation/StringTable.h"
+
+namespace quorvel {
+
+QString label(ChartPeriod period) {
+    return platform::localized("QuorvelKit", period == ChartPeriod::day ? "24 hours" : "7 days");
+}
+
+std::string_view interval(ChartPeriod period) {
+    return period == ChartPeriod::day ? "1h" : "4h";
+}
+
+int limit(ChartPeriod period) {
+    return period == ChartPeriod::day ? 24 : 42;
+}
+
+} // namespace quorvel
