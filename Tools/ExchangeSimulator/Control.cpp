@@ -186,7 +186,7 @@ QJsonObject Control::exchangeInfo(const QJsonObject& parameters) {
     const qint64 bytes = required(parameters, "bytes", QJsonValue::Double).toInteger(-1);
     if (bytes < 0 || bytes > most)
         throw std::invalid_argument("bytes is from 0 to 256 MiB");
-    parts_.rest.setExchangeInfoSize(bytes);
+    parts_.rest.padExchangeInfo(bytes);
     return {};
 }
 
@@ -202,7 +202,7 @@ QJsonObject Control::reset(const QJsonObject&) {
     parts_.hub.setPolicy({});
     parts_.hub.setSilent(false);
     parts_.rest.resetOverrides();
-    parts_.rest.setExchangeInfoSize(0);
+    parts_.rest.padExchangeInfo(0);
     parts_.feed.setWalking(parts_.walksNormally);
     return {};
 }

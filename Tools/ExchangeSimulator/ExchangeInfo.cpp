@@ -56,17 +56,23 @@ QByteArray madeUpEntry(int number) {
 
 } // namespace
 
-QByteArray exchangeInfo(const std::vector<Pair>& pairs, qint64 serverTime, qsizetype bytes) {
+QByteArray madeUpEntries(qsizetype bytes) {
+    QByteArray text;
+    for (int number = 0; text.size() < bytes; ++number)
+        text += madeUpEntry(number) + ',';
+    return text;
+}
+
+QByteArray exchangeInfo(const std::vector<Pair>& pairs, qint64 serverTime,
+                        const QByteArray& madeUp) {
     QByteArray text = head;
-    text.reserve(bytes + entryText.size());
     text.replace("$TIME", QByteArray::number(serverTime));
     for (const Pair& pair : pairs) {
         text += entry(pair.baseAsset.toUtf8(), pair.quoteAsset.toUtf8(), pair.status.toUtf8(),
                       pair.decimals);
         text += ',';
     }
-    for (int number = 0; text.size() < bytes; ++number)
-        text += madeUpEntry(number) + ',';
+    text += madeUp;
     if (text.endsWith(','))
         text.chop(1);
     return text + "]}";

@@ -6,8 +6,13 @@
 
 namespace simulator {
 
-/// The exchange-information answer for those pairs. When it is smaller than `bytes`, made-up pairs
-/// follow until it is about that large: half of them trading, a third quoted in USDT.
-QByteArray exchangeInfo(const std::vector<Pair>& pairs, qint64 serverTime, qsizetype bytes);
+/// Entries of made-up pairs, about that many bytes of them, each with a comma behind it: half of
+/// the pairs trade, a third is quoted in USDT.
+QByteArray madeUpEntries(qsizetype bytes);
+
+/// The exchange-information answer for those pairs, followed by `madeUp` entries. `serverTime` is
+/// in milliseconds.
+QByteArray exchangeInfo(const std::vector<Pair>& pairs, qint64 serverTime,
+                        const QByteArray& madeUp);
 
 } // namespace simulator

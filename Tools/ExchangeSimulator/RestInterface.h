@@ -23,8 +23,8 @@ public:
     void resetOverride(const QString& path) { overrides_.erase(path); }
     void resetOverrides() { overrides_.clear(); }
 
-    /// Pads the exchange information to about that size.
-    void setExchangeInfoSize(qsizetype bytes) { exchangeInfoSize_ = bytes; }
+    /// Makes the exchange information longer by about that size; 0 leaves the true pairs alone.
+    void padExchangeInfo(qsizetype bytes);
 
     /// How many requests came, are being answered now, and were at most at a time.
     QJsonObject state() const;
@@ -40,7 +40,7 @@ private:
     const Market& market_;
     EventLog& log_;
     std::map<QString, RestOverride> overrides_;
-    qsizetype exchangeInfoSize_ = 0;
+    QByteArray madeUpEntries_;
     int inFlight_ = 0;
     int mostInFlight_ = 0;
     int requestCount_ = 0;

@@ -1,0 +1,124 @@
+#include "Tests/Support/SimulatorProcess.h"
+
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <QTcpSocket>
+#include <QThread>
+
+#include <csignal>
+#include <stdexcept>
+#include <sys/prctl.h>
+
+namespace test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int patienceMs = 10'000;
+
+QByteArray request(const QString& name, const QJsonObject& parameters) {
+    const QByteArray body = QJsonDocument(parameters).toJson(QJsonDocument::Compact);
+    return "POST /control/" + name.toUtf8() +
+           " HTTP/1.1\r\nHost: 127.0.0.1\r\nConnection: close\r\nContent-Length: " +
+           QByteArray::number(body.size()) + "\r\n\r\n" + body;
+}
+
+/// The body of the answer to one request on a connection of its own.
+QByteArray exchange(quint16 port, const QByteArray& bytes) {
+    QTcpSocket socket;
+    socket.connectToHost(QStringLiteral("127.0.0.1"), port);
+    if (!socket.waitForConnected(patienceMs))
+        throw std::runtime_error("simulator: " + socket.errorString().toStdString());
+    socket.write(bytes);
+    QByteArray answer;
+    while (socket.waitForReadyRead(patienceMs))
+        answer += socket.readAll();
+    const qsizetype headEnd = answer.indexOf("\r\n\r\n");
+    if (!answer.startsWith("HTTP/1.1 200 ") || headEnd < 0)
+        throw std::runtime_error("simulator answered: " + answer.left(1000).toStdString());
+    return answer.mid(headEnd + 4);
+}
+
+} // namespace
+
+SimulatorProcess::SimulatorProcess(const QStringList& arguments) : arguments_(arguments) {
+    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    start();
+}
+
+SimulatorProcess::~SimulatorProcess() {
+    kill();
+}
+
+void SimulatorProcess::start() {
+    const QStringList fixed{QStringLiteral("--quiet"), QStringLiteral("--port"),
+                            QString::number(port_)};
+    process_.start(QStringLiteral(QUORVEL_SIMULATOR), fixed + arguments_);
+    while (!process_.canReadLine() && process_.waitForReadyRead(patienceMs)) {
+    }
+    static const QRegularExpression address(
+        QStringLiteral("^listening on http://127\\.0\\.0\\.1:(\\d+)$"));
+    const QString line = QString::fromUtf8(process_.readLine()).trimmed();
+    const QRegularExpressionMatch match = address.match(line);
+    if (!match.hasMatch())
+        throw std::runtime_error("the simulator did not start: " + line.toStdString());
+    port_ = match.captured(1).toUShort();
+}
+
+QUrl SimulatorProcess::restURL() const {
+    return QUrl(QStringLiteral("http://127.0.0.1:%1").arg(port_));
+}
+
+QUrl SimulatorProcess::streamURL() const {
+    return QUrl(QStringLiteral("ws://127.0.0.1:%1/stream").arg(port_));
+}
+
+QJsonObject SimulatorProcess::control(const QString& name, const QJsonObject& parameters) const {
+    return QJsonDocument::fromJson(exchange(port_, request(name, parameters))).object();
+}
+
+QJsonArray SimulatorProcess::log(qint64 number) const {
+    const QByteArray body =
+        exchange(port_, request(QStringLiteral("log"), {{QStringLiteral("since"), number}}));
+    return QJsonDocument::fromJson(body).array();
+}
+
+QList<QJsonObject> SimulatorProcess::details(const QString& kind, qint64 number) const {
+    QList<QJsonObject> found;
+    for (const auto event : log(number)) {
+        if (event[QLatin1String("kind")].toString() == kind)
+            found.append(event[QLatin1String("detail")].toObject());
+    }
+    return found;
+}
+
+QList<QJsonObject> SimulatorProcess::waitForDetails(const QString& kind, qsizetype count,
+                                                    std::chrono::milliseconds timeout) const {
+    const auto end = std::chrono::steady_clock::now() + timeout;
+    QList<QJsonObject> found = details(kind);
+    while (found.size() < count && std::chrono::steady_clock::now() < end) {
+        QThread::msleep(10);
+        found = details(kind);
+    }
+    return found;
+}
+
+int SimulatorProcess::stop() {
+    process_.terminate();
+    if (!process_.waitForFinished(patienceMs))
+        throw std::runtime_error("the simulator did not end");
+    return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
+}
+
+void SimulatorProcess::kill() {
+    process_.kill();
+    process_.waitForFinished(patienceMs);
+}
+
+void SimulatorProcess::restartOnSamePort() {
+    start();
+}
+
+} // namespace test

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStringList>
+#include <QUrl>
+
+#include <chrono>
+
+namespace test {
+
+/// An exchange simulator in a process of its own, started with prices that stand still. Ends with
+/// its owner, and with the test's process.
+///
+/// Every call blocks until it is done, 10 seconds at most, and does not run the caller's event
+/// loop: a client under test on the same thread sees what happened only when the test lets it.
+/// Calls throw std::runtime_error when the simulator does not do what it is told.
+class SimulatorProcess {
+public:
+    /// Starts it and waits until it listens. `arguments` are added to `--quiet`.
+    explicit SimulatorProcess(const QStringList& arguments = {});
+    ~SimulatorProcess();
+    Q_DISABLE_COPY_MOVE(SimulatorProcess)
+
+    quint16 port() const { return port_; }
+    /// The base of the REST interface, without a path.
+    QUrl restURL() const;
+    /// The combined stream's endpoint, without a query.
+    QUrl streamURL() const;
+
+    /// Makes the control call `name`, such as "push", and gives its answer.
+    QJsonObject control(const QString& name, const QJsonObject& parameters = {}) const;
+
+    /// The events numbered above `number`.
+    QJsonArray log(qint64 number = 0) const;
+
+    /// The details of the events of that kind numbered above `number`.
+    QList<QJsonObject> details(const QString& kind, qint64 number = 0) const;
+
+    /// Waits until there are `count` events of that kind or the time is over, and gives the details
+    /// of those there are.
+    QList<QJsonObject>
+    waitForDetails(const QString& kind, qsizetype count = 1,
+                   std::chrono::milliseconds timeout = std::chrono::seconds(5)) const;
+
+    QJsonObject state() const { return control(QStringLiteral("state")); }
+
+    /// Ends it by SIGTERM and gives its exit status.
+    int stop();
+
+    /// Ends it by SIGKILL.
+    void kill();
+
+    /// Starts it once more where it was, after `stop` or `kill`.
+    void restartOnSamePort();
+
+private:
+    void start();
+
+    QStringList arguments_;
+    QProcess process_;
+    quint16 port_ = 0;
+};
+
+} // namespace test

@@ -1,0 +1,502 @@
+#include "Tests/Support/SimulatorProcess.h"
+#include "Tests/Tools/RawClient.h"
+
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+
+using namespace std::chrono_literals;
+using test::RawClient;
+using test::SimulatorProcess;
+using End = RawClient::End;
+
+namespace {
+
+constexpr auto shortWhile = 150ms;
+const QByteArray bitcoinStream = "/stream?streams=btcusdt@ticker";
+
+QJsonObject object(const QByteArray& json) {
+    return QJsonDocument::fromJson(json).object();
+}
+QJsonArray array(const QByteArray& json) {
+    return QJsonDocument::fromJson(json).array();
+}
+QString text(const QJsonValue& value) {
+    return value.toString();
+}
+
+class ExchangeSimulator : public testing::Test {
+protected:
+    QJsonObject control(const char* name, const QByteArray& json = "{}") {
+        return simulator.control(QString::fromLatin1(name), object(json));
+    }
+    RawClient::Answer get(const QByteArray& target) {
+        return RawClient(simulator.port()).get(target);
+    }
+    QList<QJsonObject> logged(const char* kind, qsizetype count = 1) {
+        return simulator.waitForDetails(QString::fromLatin1(kind), count);
+    }
+    /// A client with its handshake behind it.
+    std::unique_ptr<RawClient> stream(const QByteArray& target = bitcoinStream) {
+        auto client = std::make_unique<RawClient>(simulator.port());
+        EXPECT_TRUE(client->handshake(target).startsWith("HTTP/1.1 101 "));
+        return client;
+    }
+
+    SimulatorProcess simulator;
+};
+
+void expectCutOff(RawClient& client, int code) {
+    std::optional<RawClient::Frame> frame = client.nextFrame();
+    while (frame && frame->opcode != 8)
+        frame = client.nextFrame();
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(frame->closeCode(), code);
+    EXPECT_EQ(client.waitForEnd(), End::fin);
+}
+
+TEST_F(ExchangeSimulator, TakesStreamNamesRawAndPercentEncoded) {
+    const QByteArray name = "\uff14\uff12usdt@ticker";
+    for (const QByteArray& written : {name, name.toPercentEncoding()}) {
+        RawClient client(simulator.port());
+        EXPECT_TRUE(client.handshake("/stream?streams=btcusdt@ticker/" + written)
+                        .contains("Sec-WebSocket-Accept: s3pPLMBiTxaQ9kYGzzhZRbK+xOo=\r\n"));
+        const QJsonObject opened = logged("streamOpened").last();
+        EXPECT_EQ(opened[u"target"].toString().toUtf8(),
+                  "/stream?streams=btcusdt@ticker/" + written);
+        control("push", R"({"symbol":"４２USDT","price":"0.01"})");
+        const std::optional<RawClient::Frame> frame = client.nextFrame();
+        ASSERT_TRUE(frame);
+        EXPECT_EQ(text(object(frame->payload)[u"stream"]).toUtf8(), name);
+        client.reset();
+        logged("streamClosed");
+    }
+}
+
+TEST_F(ExchangeSimulator, PushReachesSubscribersAtOnceAndLaterSnapshots) {
+    const auto bitcoin = stream();
+    const auto ether = stream("/stream?streams=ethusdt@ticker/BTCUSDT@ticker");
+    control("push", R"({"symbol":"BTCUSDT","price":"101.00","change":"1.5","time":1700000000123})");
+
+    const std::optional<RawClient::Frame> frame = bitcoin->nextFrame();
+    ASSERT_TRUE(frame);
+    const QJsonObject data = object(frame->payload)[u"data"].toObject();
+    EXPECT_EQ(text(data[u"e"]), u"24hrTicker");
+    EXPECT_EQ(data[u"E"].toInteger(), 1700000000123);
+    EXPECT_EQ(text(data[u"c"]), u"101.00");
+    EXPECT_EQ(text(data[u"P"]), u"1.5");
+    EXPECT_EQ(data.keys().join(u' '), u"A B C E F L O P Q a b c e h l n o p q s v w x");
+    EXPECT_EQ(ether->nextFrame(shortWhile), std::nullopt);
+
+    const RawClient::Answer answer = get(R"(/api/v3/ticker/24hr?symbols=%5B%22BTCUSDT%22%5D)");
+    const QJsonObject snapshot = array(answer.body).first().toObject();
+    EXPECT_EQ(text(snapshot[u"symbol"]), u"BTCUSDT");
+    EXPECT_EQ(text(snapshot[u"lastPrice"]), u"101.00");
+    EXPECT_EQ(text(snapshot[u"priceChangePercent"]), u"1.5");
+}
+
+TEST_F(ExchangeSimulator, SameSeedGivesTheSameWalk) {
+    SimulatorProcess other({QStringLiteral("--pairs"), QStringLiteral("BTCUSDT"),
+                            QStringLiteral("--seed"), QStringLiteral("7")});
+    SimulatorProcess same({QStringLiteral("--pairs"), QStringLiteral("BTCUSDT"),
+                           QStringLiteral("--seed"), QStringLiteral("7")});
+    const auto walk = [](SimulatorProcess& process) {
+        RawClient client(process.port());
+        client.handshake(bitcoinStream);
+        process.control(QStringLiteral("limits"), {{QStringLiteral("tickerIntervalMs"), 5}});
+        process.control(QStringLiteral("walk"), {{QStringLiteral("running"), true}});
+        QStringList prices;
+        for (int i = 0; i < 20; ++i)
+            prices += text(object(client.nextFrame()->payload)[u"data"][u"c"]);
+        return prices;
+    };
+    const QStringList prices = walk(same);
+    EXPECT_EQ(walk(other), prices);
+    EXPECT_GT(std::set(prices.begin(), prices.end()).size(), 15u);
+}
+
+struct Command {
+    const char* sent;
+    const char* answered;
+};
+
+TEST_F(ExchangeSimulator, AnswersCommands) {
+    control("limits", R"({"messagesPerSecond":100})");
+    const auto client = stream();
+    for (const auto& [sent, answered] : {
+             Command{R"({"method":"SUBSCRIBE","params":["ethusdt@ticker"],"id":1})",
+                     R"({"result":null,"id":1})"},
+             Command{
+                 R"({"method":"UNSUBSCRIBE","params":["btcusdt@ticker"],"id":9007199254740993})",
+                 R"({"result":null,"id":9007199254740993})"},
+             Command{R"({"method":"LIST_SUBSCRIPTIONS","id":0})",
+                     R"({"result":["ethusdt@ticker"],"id":0})"},
+             Command{R"({"method":"subscribe","params":["ethusdt@ticker"],"id":4})",
+                     R"({"code":2,"id":4,"msg":"Invalid request: unknown method"})"},
+             Command{R"({"method":"SUBSCRIBE","params":[],"id":5})",
+                     R"({"code":2,"id":5,"msg":"Invalid request: params must be stream names"})"},
+             Command{
+                 R"({"method":"SUBSCRIBE","params":["ethusdt@ticker"],"id":-1})",
+                 R"({"code":2,"msg":"Invalid request: request ID must be an unsigned integer"})"},
+             Command{"nonsense", R"({"code":3,"msg":"Invalid JSON: expected an object"})"},
+         }) {
+        client->sendText(sent);
+        EXPECT_EQ(client->nextFrame().value_or(RawClient::Frame()).payload, answered) << sent;
+        EXPECT_EQ(text(logged("text").last()[u"text"]).toUtf8(), sent);
+    }
+    control("push", R"({"symbol":"BTCUSDT","price":"1"})");
+    control("push", R"({"symbol":"ETHUSDT","price":"2"})");
+    EXPECT_TRUE(client->nextFrame()->payload.startsWith(R"({"stream":"ethusdt@ticker","data":{)"));
+}
+
+TEST_F(ExchangeSimulator, CutsOffTheSixthMessageInASecond) {
+    for (const int opcode : {1, 9, 10}) {
+        const auto client = stream();
+        for (int i = 0; i < 5; ++i)
+            client->sendFrame(opcode, "x");
+        QThread::msleep(1050);
+        for (int i = 0; i < 5; ++i)
+            client->sendFrame(opcode, "x");
+        EXPECT_EQ(control("state")[u"connectionCount"].toInt(), 1) << opcode;
+        client->sendFrame(opcode, "x");
+        expectCutOff(*client, 1008);
+        EXPECT_EQ(text(logged("cutOff").last()[u"reason"]), u"too many messages");
+    }
+}
+
+TEST_F(ExchangeSimulator, CutsOffWhoDoesNotReturnAPing) {
+    control("limits", R"({"pingIntervalMs":100,"pongDeadlineMs":250,"messagesPerSecond":50})");
+    const auto deaf = stream();
+    const auto wrong = stream();
+    const auto good = stream();
+    for (int i = 0; i < 6; ++i) {
+        const std::optional<RawClient::Frame> ping = good->nextFrame();
+        ASSERT_TRUE(ping);
+        ASSERT_EQ(ping->opcode, 9);
+        ASSERT_FALSE(ping->payload.isEmpty());
+        good->sendFrame(10, ping->payload);
+        wrong->sendFrame(10, "wrong");
+    }
+    expectCutOff(*deaf, 1008);
+    expectCutOff(*wrong, 1008);
+    EXPECT_EQ(control("state")[u"connectionCount"].toInt(), 1);
+    EXPECT_EQ(logged("cutOff", 2).size(), 2);
+}
+
+TEST_F(ExchangeSimulator, EnforcesTheOtherLimits) {
+    control("limits", R"({"streamsPerConnection":2,"connectionAttempts":3,"lifetimeMs":400})");
+    const auto tooMany = stream("/stream?streams=a@ticker/b@ticker/c@ticker");
+    expectCutOff(*tooMany, 1008);
+    const auto subscriber = stream("/stream?streams=a@ticker/b@ticker");
+    subscriber->sendText(R"({"method":"SUBSCRIBE","params":["c@ticker"],"id":1})");
+    expectCutOff(*subscriber, 1008);
+    const auto old = stream();
+    expectCutOff(*old, 1001);
+    EXPECT_TRUE(RawClient(simulator.port()).handshake(bitcoinStream).startsWith("HTTP/1.1 429 "));
+    EXPECT_ANY_THROW(control("limits", R"({"pingIntervalMs":0})"));
+    EXPECT_ANY_THROW(control("limits", R"({"pingInterval":5})"));
+}
+
+TEST_F(ExchangeSimulator, SendsAnyFrame) {
+    const auto client = stream();
+    control("frame", R"({"text":"abcdefg","fragments":3})");
+    EXPECT_EQ(client->nextFrame(), (RawClient::Frame{false, 1, "ab"}));
+    EXPECT_EQ(client->nextFrame(), (RawClient::Frame{false, 0, "cd"}));
+    EXPECT_EQ(client->nextFrame(), (RawClient::Frame{true, 0, "efg"}));
+    control("frame", R"({"binary":"AAEC"})");
+    EXPECT_EQ(client->nextFrame(), (RawClient::Frame{true, 2, QByteArray("\0\1\2", 3)}));
+    control("frame", R"({"raw":"jwNhYmM="})");
+    EXPECT_EQ(client->nextFrame(), (RawClient::Frame{true, 15, "abc"}));
+    for (const qsizetype size : {125, 126, 65535, 65536}) {
+        const QString long_(size, u'x');
+        simulator.control(QStringLiteral("frame"), {{QStringLiteral("text"), long_}});
+        EXPECT_EQ(client->nextFrame(), (RawClient::Frame{true, 1, long_.toUtf8()})) << size;
+    }
+}
+
+TEST_F(ExchangeSimulator, DropsConnectionsInThreeWays) {
+    const auto closed = stream();
+    control("drop", R"({"how":"close","code":1012})");
+    expectCutOff(*closed, 1012);
+    const auto ended = stream();
+    control("drop", R"({"how":"eof"})");
+    EXPECT_EQ(ended->waitForEnd(), End::fin);
+    EXPECT_EQ(ended->nextFrame(0ms), std::nullopt);
+    const auto aborted = stream();
+    control("drop", R"({"how":"abort"})");
+    EXPECT_EQ(aborted->waitForEnd(), End::reset);
+    EXPECT_EQ(logged("streamClosed", 3).size(), 3);
+    EXPECT_EQ(control("state")[u"connectionCount"].toInt(), 0);
+}
+
+TEST_F(ExchangeSimulator, WaitsForTheAnswerToItsCloseFrame) {
+    const auto client = stream();
+    control("close", R"({"code":4321,"reason":"maintenance"})");
+    const std::optional<RawClient::Frame> frame = client->nextFrame();
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(frame->closeCode(), 4321);
+    EXPECT_EQ(frame->payload.mid(2), "maintenance");
+    EXPECT_EQ(client->waitForEnd(shortWhile), End::open);
+    client->sendFrame(8, frame->payload);
+    EXPECT_EQ(client->waitForEnd(), End::fin);
+}
+
+TEST_F(ExchangeSimulator, LogsHowAClientWent) {
+    const auto polite = stream();
+    polite->sendFrame(8, QByteArray("\x03\xe9gone", 6));
+    expectCutOff(*polite, 1001);
+    EXPECT_EQ(logged("streamClosed", 1).last()[u"code"].toInt(), 1001);
+    EXPECT_EQ(text(logged("streamClosed", 1).last()[u"reason"]), u"gone");
+    stream()->end();
+    EXPECT_EQ(text(logged("streamClosed", 2).last()[u"endedBy"]), u"fin");
+    EXPECT_TRUE(logged("streamClosed", 2).last()[u"code"].isNull());
+    stream()->reset();
+    EXPECT_EQ(text(logged("streamClosed", 3).last()[u"endedBy"]), u"reset");
+}
+
+TEST_F(ExchangeSimulator, SilenceKeepsSocketsOpenAndSendsNothing) {
+    control("limits", R"({"pingIntervalMs":50,"pongDeadlineMs":50})");
+    control("silence", R"({"silent":true})");
+    const auto client = stream();
+    control("push", R"({"symbol":"BTCUSDT","price":"1"})");
+    control("close", R"({"code":1000})");
+    for (int i = 0; i < 8; ++i)
+        client->sendFrame(9, "are you there");
+    client->sendFrame(8, {});
+    EXPECT_EQ(client->nextFrame(300ms), std::nullopt);
+    EXPECT_EQ(client->waitForEnd(0ms), End::open);
+    control("silence", R"({"silent":false})");
+    EXPECT_EQ(client->nextFrame().value_or(RawClient::Frame()).opcode, 9);
+}
+
+TEST_F(ExchangeSimulator, RefusesAndHangsHandshakes) {
+    control("handshake", R"({"mode":"refuse","status":451,"count":2})");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_TRUE(
+            RawClient(simulator.port()).handshake(bitcoinStream).startsWith("HTTP/1.1 451 "));
+    control("handshake", R"({"mode":"hang","count":1})");
+    RawClient hanging(simulator.port());
+    EXPECT_EQ(hanging.handshake(bitcoinStream, shortWhile), "");
+    EXPECT_EQ(hanging.waitForEnd(0ms), End::open);
+    stream();
+    EXPECT_EQ(logged("handshakeRefused").size(), 2);
+    EXPECT_EQ(control("state")[u"handshakes"].toInt(), 4);
+}
+
+TEST_F(ExchangeSimulator, ExchangeInformationHasEveryKindOfEntry) {
+    const QJsonArray entries = object(get("/api/v3/exchangeInfo").body)[u"symbols"].toArray();
+    std::set<QString> symbols, statuses, quotes;
+    for (const auto entry : entries) {
+        symbols.insert(text(entry[u"symbol"]));
+        statuses.insert(text(entry[u"status"]));
+        quotes.insert(text(entry[u"quoteAsset"]));
+        EXPECT_EQ(text(entry[u"baseAsset"]) + text(entry[u"quoteAsset"]), text(entry[u"symbol"]));
+        EXPECT_TRUE(entry[u"filters"][0].isObject());
+        EXPECT_TRUE(entry[u"permissionSets"][0][0].isString());
+    }
+    EXPECT_EQ(statuses.size(), 5u);
+    EXPECT_TRUE(quotes.contains(QStringLiteral("BTC")) && quotes.contains(QStringLiteral("EUR")));
+    EXPECT_TRUE(symbols.contains(QStringLiteral("４２USDT")));
+    control("exchangeInfo", R"({"bytes":3000000})");
+    const QByteArray padded = get("/api/v3/exchangeInfo").body;
+    EXPECT_NEAR(static_cast<double>(padded.size()), 3e6, 2e5);
+    EXPECT_GT(object(padded)[u"symbols"].toArray().size(), entries.size());
+}
+
+TEST_F(ExchangeSimulator, CandlesRunUpToNow) {
+    control("push", R"({"symbol":"ETHUSDT","price":"1234.5"})");
+    const QJsonArray rows = array(get("/api/v3/klines?symbol=ETHUSDT&interval=4h&limit=42").body);
+    ASSERT_EQ(rows.size(), 42);
+    constexpr qint64 fourHours = 4 * 3600 * 1000;
+    for (qsizetype i = 0; i < rows.size(); ++i) {
+        const QJsonArray row = rows[i].toArray();
+        ASSERT_EQ(row.size(), 12);
+        EXPECT_EQ(row[0].toInteger(), rows[0][0].toInteger() + i * fourHours);
+        EXPECT_GT(text(row[4]).toDouble(), 0);
+    }
+    const qint64 age = QDateTime::currentMSecsSinceEpoch() - rows.last()[0].toInteger();
+    EXPECT_TRUE(age >= 0 && age <= fourHours) << age;
+    EXPECT_EQ(text(rows.last()[4]), u"1234.5");
+}
+
+struct Failure {
+    const char* target;
+    int status;
+    int code;
+};
+
+TEST_F(ExchangeSimulator, RefusesWhatTheExchangeRefuses) {
+    for (const auto& [target, status, code] : {
+             Failure{"/api/v3/ticker/24hr?symbols=[\"BTCUSDT\",\"NOPE\"]", 400, -1121},
+             Failure{"/api/v3/ticker/24hr?symbols=[\"btcusdt\"]", 400, -1121},
+             Failure{"/api/v3/ticker/24hr?symbols=[1]", 400, -1102},
+             Failure{"/api/v3/ticker/24hr", 400, -1102},
+             Failure{"/api/v3/klines?symbol=NOPE&interval=1h", 400, -1121},
+             Failure{"/api/v3/klines?symbol=BTCUSDT&interval=1x", 400, -1120},
+             Failure{"/api/v3/klines?symbol=BTCUSDT", 400, -1102},
+             Failure{"/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=x", 400, -1100},
+             Failure{"/api/v3/nothing", 404, 0},
+         }) {
+        const RawClient::Answer answer = get(target);
+        EXPECT_EQ(answer.status, status) << target;
+        EXPECT_EQ(object(answer.body)[u"code"].toInt(), code) << target;
+    }
+}
+
+TEST_F(ExchangeSimulator, OverridesAnswersUntilTheCountIsUsedUp) {
+    const QByteArray target = "/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=1";
+    const QByteArray usual = get(target).body;
+    control("rest", R"({"path":"/api/v3/klines","status":429,"headers":{"Retry-After":"5"},
+                        "body":"slow","location":"/there","count":2})");
+    for (int i = 0; i < 2; ++i) {
+        const RawClient::Answer answer = get(target);
+        EXPECT_EQ(answer.status, 429);
+        EXPECT_EQ(answer.body, "slow");
+        EXPECT_TRUE(answer.head.contains("\r\nRetry-After: 5\r\nLocation: /there\r\n"));
+    }
+    EXPECT_EQ(get(target).status, 200);
+    control("rest", R"({"path":"/api/v3/klines","truncate":true})");
+    EXPECT_LT(get(target).body.size(), usual.size());
+    control("rest", R"({"path":"/api/v3/klines","chunked":true,"body":"0123456789"})");
+    EXPECT_EQ(get(target).body, "a\r\n0123456789\r\n0\r\n\r\n");
+    control("rest", R"({"path":"/api/v3/klines","reset":true})");
+    EXPECT_EQ(get(target).body.size(), usual.size());
+}
+
+TEST_F(ExchangeSimulator, CountsRequestsInFlight) {
+    control("rest", R"({"path":"/api/v3/klines","hang":true,"count":1})");
+    RawClient hanging(simulator.port());
+    hanging.send("GET /api/v3/klines HTTP/1.1\r\nHost: x\r\n\r\n");
+    logged("request");
+    control("rest", R"({"path":"/api/v3/exchangeInfo","delayMs":200})");
+    const auto asked = std::chrono::steady_clock::now();
+    EXPECT_EQ(get("/api/v3/exchangeInfo").status, 200);
+    EXPECT_GE(std::chrono::steady_clock::now() - asked, 200ms);
+    EXPECT_EQ(logged("request", 2).last()[u"inFlight"].toInt(), 2);
+    EXPECT_EQ(logged("answer").last()[u"inFlight"].toInt(), 1);
+    hanging.reset();
+    EXPECT_EQ(text(logged("abandoned").last()[u"target"]), u"/api/v3/klines");
+    EXPECT_EQ(control("state")[u"rest"][u"inFlight"].toInt(), 0);
+    EXPECT_EQ(control("state")[u"rest"][u"mostInFlight"].toInt(), 2);
+}
+
+TEST_F(ExchangeSimulator, ResetPutsEverythingRight) {
+    control("limits", R"({"pingIntervalMs":50})");
+    control("handshake", R"({"mode":"refuse"})");
+    control("silence", R"({"silent":true})");
+    control("rest", R"({"path":"/api/v3/exchangeInfo","status":500})");
+    control("reset");
+    EXPECT_EQ(control("state")[u"limits"][u"pingIntervalMs"].toInt(), 20000);
+    EXPECT_EQ(get("/api/v3/exchangeInfo").status, 200);
+    const auto client = stream();
+    control("push", R"({"symbol":"BTCUSDT","price":"1"})");
+    EXPECT_TRUE(client->nextFrame());
+}
+
+TEST_F(ExchangeSimulator, TakesItsPortBackAfterBeingKilled) {
+    for (int i = 0; i < 3; ++i) {
+        const auto client = stream();
+        const quint16 port = simulator.port();
+        simulator.kill();
+        EXPECT_NE(client->waitForEnd(), End::open);
+        simulator.restartOnSamePort();
+        EXPECT_EQ(simulator.port(), port);
+    }
+    EXPECT_EQ(get("/api/v3/exchangeInfo").status, 200);
+}
+
+TEST_F(ExchangeSimulator, EndsCleanlyAndRefusesATakenPort) {
+    QProcess second;
+    second.start(QStringLiteral(QUORVEL_SIMULATOR),
+                 {QStringLiteral("--port"), QString::number(simulator.port())});
+    ASSERT_TRUE(second.waitForFinished(5000));
+    EXPECT_EQ(second.exitCode(), 1);
+    EXPECT_TRUE(second.readAllStandardError().contains("cannot listen"));
+    const auto client = stream();
+    EXPECT_EQ(simulator.stop(), 0);
+}
+
+TEST(ExchangeSimulatorScenario, PlaysFromTheFirstConnection) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("scenario.json")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(
+        R"({"from":"firstConnection","pairs":[{"symbol":"AAAUSDT","price":"10","change":"5"}],
+                   "pushes":[{"atMs":200,"symbol":"AAAUSDT","price":"12"}]})");
+    file.close();
+    SimulatorProcess simulator({QStringLiteral("--scenario"), file.fileName()});
+    const auto snapshot = [&simulator] {
+        const QByteArray target = "/api/v3/ticker/24hr?symbols=[\"AAAUSDT\"]";
+        return array(RawClient(simulator.port()).get(target).body)[0].toObject();
+    };
+    QThread::msleep(300);
+    EXPECT_EQ(text(snapshot()[u"lastPrice"]), u"10");
+    EXPECT_EQ(text(snapshot()[u"priceChangePercent"]), u"5");
+    RawClient client(simulator.port());
+    client.handshake("/stream?streams=aaausdt@ticker");
+    const std::optional<RawClient::Frame> frame = client.nextFrame();
+    ASSERT_TRUE(frame);
+    EXPECT_EQ(text(object(frame->payload)[u"data"][u"c"]), u"12");
+    EXPECT_EQ(text(object(frame->payload)[u"data"][u"P"]), u"26.000");
+}
+
+TEST_F(ExchangeSimulator, SurvivesMalformedHTTP) {
+    for (const QByteArray& bytes :
+         {QByteArray("\r\n\r\n"), QByteArray("GET\r\n\r\n"), QByteArray("GET / HTTP/2\r\n\r\n"),
+          QByteArray("GET x HTTP/1.1\r\n\r\n"), QByteArray("GET / HTTP/1.1\r\nno colon\r\n\r\n"),
+          QByteArray("POST / HTTP/1.1\r\nContent-Length: -1\r\n\r\n"),
+          QByteArray("POST / HTTP/1.1\r\nContent-Length: 99999999999999999999\r\n\r\n"),
+          QByteArray("POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"),
+          QByteArray(300'000, 'x'),
+          QByteArray("POST /control/push HTTP/1.1\r\nConnection: close\r\n"
+                     "Content-Length: 3\r\n\r\n{[}")})
+        EXPECT_EQ(RawClient(simulator.port()).exchange(bytes).status, 400) << bytes.left(60).toStdString();
+    EXPECT_EQ(RawClient(simulator.port()).handshake("/stream").left(12), "HTTP/1.1 101");
+    EXPECT_EQ(get("/stream?streams=x").status, 400);
+}
+
+TEST_F(ExchangeSimulator, CutsOffBreachesOfTheFrameProtocol) {
+    struct Breach {
+        QByteArray bytes;
+        int code;
+    };
+    for (const auto& [bytes, code] : {
+             Breach{QByteArray("\x81\x01x", 3), 1002},
+             Breach{QByteArray("\xc1\x80\0\0\0\0", 6), 1002},
+             Breach{QByteArray("\x83\x80\0\0\0\0", 6), 1002},
+             Breach{QByteArray("\x09\x80\0\0\0\0", 6), 1002},
+             Breach{QByteArray("\x89\xfe\0\x7e", 4), 1002},
+             Breach{QByteArray("\x80\x80\0\0\0\0", 6), 1002},
+             Breach{QByteArray("\x81\x81\0\0\0\0\xff", 7), 1007},
+             Breach{QByteArray("\x81\xff\xff\xff\xff\xff\xff\xff\xff\xff", 10), 1009},
+         }) {
+        const auto client = stream();
+        client->send(bytes);
+        expectCutOff(*client, code);
+    }
+}
+
+TEST_F(ExchangeSimulator, SurvivesAnyBytes) {
+    control("limits", R"({"connectionAttempts":100000,"messagesPerSecond":100000})");
+    std::mt19937 random(5);
+    for (int round = 0; round < 200; ++round) {
+        QByteArray bytes(static_cast<qsizetype>(random() % 300), Qt::Uninitialized);
+        std::ranges::generate(bytes, [&random] { return static_cast<char>(random()); });
+        RawClient http(simulator.port());
+        http.send(round % 2 ? bytes : "POST /control/frame HTTP/1.1\r\nX: " + bytes + "\r\n\r\n");
+        const auto client = stream();
+        // A right start gets the noise past the first checks.
+        client->send(QByteArray(round % 3 ? "\x81\x85" : "", round % 3 ? 2 : 0) + bytes);
+        if (round % 2)
+            client->reset();
+    }
+    EXPECT_EQ(control("state")[u"ok"].toBool(), true);
+    EXPECT_EQ(simulator.stop(), 0);
+}
+
+} // namespace
