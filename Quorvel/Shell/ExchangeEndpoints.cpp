@@ -1,0 +1,35 @@
+#include "Quorvel/Shell/ExchangeEndpoints.h"
+
+#include "QuorvelKit/MarketData/BinanceProvider.h"
+#include "QuorvelKit/MarketData/SubscriptionCommand.h"
+
+#include <QHostAddress>
+
+namespace quorvel {
+
+namespace {
+
+bool isLoopback(const QString& host) {
+    return host == QStringLiteral("localhost") || QHostAddress(host).isLoopback();
+}
+
+QUrl usable(const platform::UserDefaults& defaults, const QString& key, const QString& scheme,
+            const QUrl& fallback) {
+    const QUrl url(defaults.string(key).value_or(QString()).trimmed(), QUrl::StrictMode);
+    if (!url.isValid() || url.host().isEmpty())
+        return fallback;
+    const bool isEncrypted = url.scheme() == scheme + u's';
+    const bool isLocal = url.scheme() == scheme && isLoopback(url.host());
+    return isEncrypted || isLocal ? url : fallback;
+}
+
+} // namespace
+
+ExchangeEndpoints ExchangeEndpoints::fromDefaults(const platform::UserDefaults& defaults) {
+    return {usable(defaults, QStringLiteral("exchange.restURL"), QStringLiteral("http"),
+                   BinanceProvider::defaultRESTURL()),
+            usable(defaults, QStringLiteral("exchange.streamURL"), QStringLiteral("ws"),
+                   QUrl(SubscriptionCommand::host()))};
+}
+
+} // namespace quorvel
