@@ -1,0 +1,86 @@
+#pragma once
+
+#include "Platform/Desktop/StatusItemContent.h"
+#include "Platform/Desktop/StatusItemIdentity.h"
+#include "Platform/Foundation/Clock.h"
+
+#include <QObject>
+#include <QPoint>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QDBusConnection;
+
+namespace platform {
+
+class StatusItemPresentation;
+
+/// The program's item in the status bar: an image, a title, a tooltip and a menu.
+///
+/// Setters only note what is wanted. What was set in one turn of the event loop goes out together
+/// in the next, so that panels, which ask for everything again at each change, ask once. Setting an
+/// equal value does nothing. Lives on the GUI thread.
+class StatusItem final : public QObject {
+    Q_OBJECT
+
+public:
+    /// How soon a change has to be seen.
+    enum class Urgency {
+        /// With the next change that is due; at most one a second goes out, and only the latest.
+        routine,
+        /// At once, as befits the answer to something the user did.
+        immediate,
+    };
+
+    /// The least time between two routine changes.
+    static constexpr std::chrono::seconds routineInterval{1};
+
+    /// The item appears in the next turn of the event loop, or when a panel comes up, with what has
+    /// been set until then. Without a connected `bus` it never appears.
+    ///
+    /// @param clock must outlive the item
+    /// @param bus   the session bus
+    StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusConnection& bus,
+               QObject* parent = nullptr);
+    ~StatusItem() override;
+
+    /// Goes out at once.
+    void setImage(StatusItemImage image);
+
+    /// A title without text is shown as no title at all.
+    void setTitle(AttributedTitle title, Urgency urgency = Urgency::routine);
+
+    /// One line of plain text.
+    void setToolTip(QString toolTip, Urgency urgency = Urgency::routine);
+
+    /// Goes out at once. The ids of entries that are no separators must differ.
+    void setMenu(std::vector<MenuEntry> entries);
+
+Q_SIGNALS:
+    /// The user clicked the item. `point` is in global coordinates as the panel gave them; not
+    /// every panel gives true ones.
+    void activated(QPoint point);
+
+    /// The user chose the menu entry with this `id`.
+    void menuTriggered(int id);
+
+private:
+    template <typename Value>
+    void set(Value& field, Value value, Urgency urgency);
+    void schedule(Urgency urgency);
+    void show();
+
+    Clock& clock_;
+    std::unique_ptr<StatusItemPresentation> presentation_;
+    StatusItemContent content_;
+    std::optional<StatusItemContent> shown_;
+    std::optional<std::chrono::nanoseconds> shownAt_;
+    /// Uptime at which `timer_` falls due; absent when it does not run.
+    std::optional<std::chrono::nanoseconds> dueAt_;
+    std::unique_ptr<ClockTimer> timer_;
+};
+
+} // namespace platform
