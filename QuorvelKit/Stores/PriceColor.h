@@ -1,0 +1,8 @@
+#pragma once
+
+namespace quorvel {
+
+/// The colours that tell rising from falling; which shade each is, the views decide.
+enum class PriceColor { red, green };
+
+} // namespace quorvel
