@@ -122,7 +122,7 @@ void AppModel::refreshStatusBar() {
     const auto symbols = watchlist_.symbols();
     const auto pinned = watchlist_.pinnedSymbols();
     const int index =
-        RotationDriver::index((now - rotationEpoch_).count(), current.rotationInterval(),
+        RotationDriver::index((now - rotationEpoch_).count(), current.rotationInterval().count(),
                               StatusBarPresenter::rotationItemCount(symbols, pinned));
     setStatusBarSegments(
         StatusBarPresenter::segments(symbols, pinned, quotes_.quotes(), current, index));

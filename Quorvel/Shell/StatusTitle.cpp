@@ -1,6 +1,7 @@
 #include "Quorvel/Shell/StatusTitle.h"
 
 #include "Quorvel/Model/PriceColors.h"
+#include "QuorvelKit/StatusBar/StatusBarPresenter.h"
 
 namespace quorvel {
 
@@ -8,25 +9,21 @@ namespace {
 
 constexpr double arrowSizeDifference = -2;
 
-QString arrowOf(PriceDirection direction) {
-    return direction == PriceDirection::up ? QStringLiteral("\u25B2") : QStringLiteral("\u25BC");
-}
-
 } // namespace
 
-platform::AttributedTitle statusTitle(std::span<const StatusTitleSegment> segments,
-                                      const StatusTitleStyle& style) {
+platform::AttributedTitle statusTitle(std::span<const StatusBarSegment> segments,
+                                      const DisplaySettings& settings) {
     platform::AttributedTitle title;
-    for (const StatusTitleSegment& segment : segments) {
+    for (const StatusBarSegment& segment : segments) {
         if (!title.runs.empty())
-            title.runs.push_back({QStringLiteral("  "), std::nullopt, 0});
+            title.runs.push_back({StatusBarPresenter::sideBySideSeparator, std::nullopt, 0});
         title.runs.push_back({segment.text, std::nullopt, 0});
-        if (!style.showsDirectionArrow || segment.direction == PriceDirection::flat)
+        const auto arrow = statusBarSymbol(segment.direction);
+        if (!settings.showsDirectionArrow || !arrow)
             continue;
         title.runs.push_back({QStringLiteral(" "), std::nullopt, 0});
-        title.runs.push_back({arrowOf(segment.direction),
-                              directionColor(segment.direction, style.colorScheme),
-                              arrowSizeDifference});
+        title.runs.push_back(
+            {*arrow, directionColor(segment.direction, settings.colorScheme), arrowSizeDifference});
     }
     return title;
 }

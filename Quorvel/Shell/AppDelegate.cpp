@@ -1,0 +1,84 @@
+#include "Quorvel/Shell/AppDelegate.h"
+
+#include "Quorvel/Shell/ExchangeEndpoints.h"
+#include "Quorvel/Shell/StatusIcon.h"
+#include "Quorvel/Shell/StatusMenu.h"
+#include "Quorvel/Shell/StatusTitle.h"
+#include "QuorvelKit/MarketData/BinanceProvider.h"
+
+#include <QDBusConnection>
+
+namespace quorvel {
+
+using platform::StatusItem;
+
+namespace {
+
+std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment& environment) {
+    const auto endpoints = ExchangeEndpoints::fromDefaults(environment.defaults);
+    return BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream);
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(const Environment& environment)
+    : environment_(environment),
+      settings_(environment.defaults),
+      model_(makeProvider(environment), settings_, environment.files, environment.clock) {}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching() {
+    setUpStatusItem();
+    connect(&model_, &AppModel::statusBarSegmentsChanged, this,
+            [this] { updateStatusItem(StatusItem::Urgency::routine); });
+    connect(&settings_, &SettingsStore::displayChanged, this,
+            [this] { updateStatusItem(StatusItem::Urgency::immediate); });
+    startTask_ = platform::startTask(model_.start());
+}
+
+void AppDelegate::setUpStatusItem() {
+    const platform::StatusItemIdentity identity{.id = QStringLiteral("quorvel"),
+                                                .title = QStringLiteral("Quorvel"),
+                                                .iconDirectory = environment_.iconDirectory};
+    statusItem_ =
+        std::make_unique<StatusItem>(identity, environment_.clock, QDBusConnection::sessionBus());
+    statusItem_->setMenu(StatusMenu::entries());
+    connect(statusItem_.get(), &StatusItem::menuTriggered, this, [this](int id) {
+        if (id == StatusMenu::quit)
+            terminate();
+    });
+    updateStatusItem(StatusItem::Urgency::immediate);
+}
+
+void AppDelegate::updateStatusItem(StatusItem::Urgency urgency) {
+    const auto& segments = model_.statusBarSegments();
+    const auto title = statusTitle(segments, settings_.display());
+    const QString text = title.plainText();
+    // Without any text the icon is all there is, so it shows whatever the setting says.
+    statusItem_->setImage(
+        StatusIcon::statusItemImage(segments.empty() || settings_.display().showsIcon));
+    statusItem_->setTitle(title, urgency);
+    statusItem_->setToolTip(text.isEmpty() ? QStringLiteral("Quorvel") : text, urgency);
+}
+
+void AppDelegate::terminate() {
+    if (stopTask_)
+        return;
+    startTask_ = {};
+    stopTask_ = platform::startTask(stopModel());
+    // The user asked the program to end; a network that does not answer is no reason to stay.
+    constexpr std::chrono::seconds longestStop{4};
+    stopDeadline_ = environment_.clock.startTimer(longestStop, [this] { Q_EMIT terminated(); });
+}
+
+platform::Task<> AppDelegate::stopModel() {
+    try {
+        co_await model_.stop();
+    } catch (const std::exception&) {
+        // The network thread has gone already: nothing is left to stop.
+    }
+    Q_EMIT terminated();
+}
+
+} // namespace quorvel

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Platform/Async/TaskHandle.h"
+#include "Platform/Desktop/StatusItem.h"
+#include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Quorvel/Model/AppModel.h"
+#include "QuorvelKit/Stores/SettingsStore.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace quorvel {
+
+/// Composes the program: the model and everything on the screen. Created by main and kept until the
+/// event loop has returned; main thread.
+class AppDelegate : public QObject {
+    Q_OBJECT
+
+public:
+    /// Where the program runs. What is referred to outlives the delegate.
+    struct Environment {
+        platform::Clock& clock;
+        const platform::FileManager& files;
+        platform::UserDefaults& defaults;
+        QString iconDirectory; ///< for files that last as long as the run
+    };
+
+    explicit AppDelegate(const Environment& environment);
+    ~AppDelegate() override;
+
+    /// Shows the status item and starts the model.
+    void applicationDidFinishLaunching();
+
+    /// Stops the model in order, then emits `terminated`. Once.
+    void terminate();
+
+Q_SIGNALS:
+    /// Everything has been stopped; the event loop may end.
+    void terminated();
+
+private:
+    void setUpStatusItem();
+    void updateStatusItem(platform::StatusItem::Urgency urgency);
+    platform::Task<> stopModel();
+
+    Environment environment_;
+    SettingsStore settings_;
+    AppModel model_;
+    std::unique_ptr<platform::StatusItem> statusItem_;
+    std::unique_ptr<platform::ClockTimer> stopDeadline_;
+    // Last, so that they end first.
+    platform::TaskHandle startTask_;
+    platform::TaskHandle stopTask_;
+};
+
+} // namespace quorvel
