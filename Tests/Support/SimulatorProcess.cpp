@@ -55,7 +55,7 @@ SimulatorProcess::~SimulatorProcess() {
 void SimulatorProcess::start() {
     const QStringList fixed{QStringLiteral("--quiet"), QStringLiteral("--port"),
                             QString::number(port_)};
-    process_.start(QStringLiteral(QUORVEL_SIMULATOR), fixed + arguments_);
+    process_.start(executablePath(), fixed + arguments_);
     while (!process_.canReadLine() && process_.waitForReadyRead(patienceMs)) {
     }
     static const QRegularExpression address(
@@ -65,6 +65,10 @@ void SimulatorProcess::start() {
     if (!match.hasMatch())
         throw std::runtime_error("the simulator did not start: " + line.toStdString());
     port_ = match.captured(1).toUShort();
+}
+
+QString SimulatorProcess::executablePath() {
+    return QStringLiteral(QUORVEL_SIMULATOR);
 }
 
 QUrl SimulatorProcess::restURL() const {

@@ -23,6 +23,9 @@ public:
     ~SimulatorProcess();
     Q_DISABLE_COPY_MOVE(SimulatorProcess)
 
+    /// Where the executable was built.
+    static QString executablePath();
+
     quint16 port() const { return port_; }
     /// The base of the REST interface, without a path.
     QUrl restURL() const;

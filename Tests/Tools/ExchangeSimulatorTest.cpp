@@ -412,7 +412,7 @@ TEST_F(ExchangeSimulator, TakesItsPortBackAfterBeingKilled) {
 
 TEST_F(ExchangeSimulator, EndsCleanlyAndRefusesATakenPort) {
     QProcess second;
-    second.start(QStringLiteral(QUORVEL_SIMULATOR),
+    second.start(SimulatorProcess::executablePath(),
                  {QStringLiteral("--port"), QString::number(simulator.port())});
     ASSERT_TRUE(second.waitForFinished(5000));
     EXPECT_EQ(second.exitCode(), 1);
@@ -452,10 +452,11 @@ TEST_F(ExchangeSimulator, SurvivesMalformedHTTP) {
           QByteArray("POST / HTTP/1.1\r\nContent-Length: -1\r\n\r\n"),
           QByteArray("POST / HTTP/1.1\r\nContent-Length: 99999999999999999999\r\n\r\n"),
           QByteArray("POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"),
-          QByteArray(300'000, 'x'),
+          QByteArray(256 * 1024 + 1, 'x'),
           QByteArray("POST /control/push HTTP/1.1\r\nConnection: close\r\n"
                      "Content-Length: 3\r\n\r\n{[}")})
-        EXPECT_EQ(RawClient(simulator.port()).exchange(bytes).status, 400) << bytes.left(60).toStdString();
+        EXPECT_EQ(RawClient(simulator.port()).exchange(bytes).status, 400)
+            << bytes.left(60).toStdString();
     EXPECT_EQ(RawClient(simulator.port()).handshake("/stream").left(12), "HTTP/1.1 101");
     EXPECT_EQ(get("/stream?streams=x").status, 400);
 }

@@ -63,6 +63,11 @@ bool breaksProtocol(int first, int second) {
     return (first & reservedBits) || !isKnown(opcode) || badControl || !(second & maskBit);
 }
 
+void unmask(QByteArray& payload, const QByteArray& mask) {
+    for (qsizetype i = 0; i < payload.size(); ++i)
+        payload[i] = static_cast<char>(payload[i] ^ mask[i % maskSize]);
+}
+
 } // namespace
 
 QByteArray encodeMessage(Opcode opcode, const QByteArray& payload, int fragments) {
@@ -99,29 +104,23 @@ std::optional<WebSocketFrame> FrameReader::next() {
         return std::nullopt;
     const int first = byteAt(buffer_, 0);
     const int second = byteAt(buffer_, 1);
-    if (breaksProtocol(first, second)) {
-        failure_ = closeCode::protocolError;
-        return std::nullopt;
-    }
     const int shortLength = second & ~maskBit;
     const qsizetype maskStart = 2 + lengthSize(shortLength);
-    if (buffer_.size() < maskStart)
-        return std::nullopt;
-    const quint64 length = lengthIn(buffer_, shortLength);
-    if (length > largestPayload) {
+    if (breaksProtocol(first, second))
+        failure_ = closeCode::protocolError;
+    else if (buffer_.size() >= maskStart && lengthIn(buffer_, shortLength) > largestPayload)
         failure_ = closeCode::tooBig;
+    if (failure_ || buffer_.size() < maskStart)
         return std::nullopt;
-    }
     const qsizetype start = maskStart + maskSize;
-    const qsizetype size = static_cast<qsizetype>(length);
-    if (buffer_.size() < start + size)
+    const qsizetype end = start + static_cast<qsizetype>(lengthIn(buffer_, shortLength));
+    if (buffer_.size() < end)
         return std::nullopt;
     WebSocketFrame frame{.final = (first & finalBit) != 0,
                          .opcode = static_cast<Opcode>(first & 0x0f),
-                         .payload = buffer_.mid(start, size)};
-    for (qsizetype i = 0; i < size; ++i)
-        frame.payload[i] = static_cast<char>(frame.payload[i] ^ buffer_[maskStart + i % maskSize]);
-    buffer_.remove(0, start + size);
+                         .payload = buffer_.sliced(start, end - start)};
+    unmask(frame.payload, buffer_.sliced(maskStart, maskSize));
+    buffer_.remove(0, end);
     return frame;
 }
 
