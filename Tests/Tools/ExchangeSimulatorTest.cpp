@@ -1,55 +1,20 @@
-#include "Tests/Support/SimulatorProcess.h"
-#include "Tests/Tools/RawClient.h"
+#include "Tests/Tools/ExchangeSimulatorFixture.h"
 
-#include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QThread>
-
-#include <gtest/gtest.h>
 
 #include <random>
 #include <set>
 
+using namespace test;
 using namespace std::chrono_literals;
-using test::RawClient;
-using test::SimulatorProcess;
 using End = RawClient::End;
 
 namespace {
 
+class ExchangeSimulator : public ExchangeSimulatorTest {};
+
 constexpr auto shortWhile = 150ms;
-const QByteArray bitcoinStream = "/stream?streams=btcusdt@ticker";
-
-QJsonObject object(const QByteArray& json) {
-    return QJsonDocument::fromJson(json).object();
-}
-QJsonArray array(const QByteArray& json) {
-    return QJsonDocument::fromJson(json).array();
-}
-QString text(const QJsonValue& value) {
-    return value.toString();
-}
-
-class ExchangeSimulator : public testing::Test {
-protected:
-    QJsonObject control(const char* name, const QByteArray& json = "{}") {
-        return simulator.control(QString::fromLatin1(name), object(json));
-    }
-    RawClient::Answer get(const QByteArray& target) {
-        return RawClient(simulator.port()).get(target);
-    }
-    QList<QJsonObject> logged(const char* kind, qsizetype count = 1) {
-        return simulator.waitForDetails(QString::fromLatin1(kind), count);
-    }
-    /// A client with its handshake behind it.
-    std::unique_ptr<RawClient> stream(const QByteArray& target = bitcoinStream) {
-        auto client = std::make_unique<RawClient>(simulator.port());
-        EXPECT_TRUE(client->handshake(target).startsWith("HTTP/1.1 101 "));
-        return client;
-    }
-
-    SimulatorProcess simulator;
-};
 
 void expectCutOff(RawClient& client, int code) {
     std::optional<RawClient::Frame> frame = client.nextFrame();
@@ -288,103 +253,6 @@ TEST_F(ExchangeSimulator, RefusesAndHangsHandshakes) {
     EXPECT_EQ(control("state")[u"handshakes"].toInt(), 4);
 }
 
-TEST_F(ExchangeSimulator, ExchangeInformationHasEveryKindOfEntry) {
-    const QJsonArray entries = object(get("/api/v3/exchangeInfo").body)[u"symbols"].toArray();
-    std::set<QString> symbols, statuses, quotes;
-    for (const auto entry : entries) {
-        symbols.insert(text(entry[u"symbol"]));
-        statuses.insert(text(entry[u"status"]));
-        quotes.insert(text(entry[u"quoteAsset"]));
-        EXPECT_EQ(text(entry[u"baseAsset"]) + text(entry[u"quoteAsset"]), text(entry[u"symbol"]));
-        EXPECT_TRUE(entry[u"filters"][0].isObject());
-        EXPECT_TRUE(entry[u"permissionSets"][0][0].isString());
-    }
-    EXPECT_EQ(statuses.size(), 5u);
-    EXPECT_TRUE(quotes.contains(QStringLiteral("BTC")) && quotes.contains(QStringLiteral("EUR")));
-    EXPECT_TRUE(symbols.contains(QStringLiteral("４２USDT")));
-    control("exchangeInfo", R"({"bytes":3000000})");
-    const QByteArray padded = get("/api/v3/exchangeInfo").body;
-    EXPECT_NEAR(static_cast<double>(padded.size()), 3e6, 2e5);
-    EXPECT_GT(object(padded)[u"symbols"].toArray().size(), entries.size());
-}
-
-TEST_F(ExchangeSimulator, CandlesRunUpToNow) {
-    control("push", R"({"symbol":"ETHUSDT","price":"1234.5"})");
-    const QJsonArray rows = array(get("/api/v3/klines?symbol=ETHUSDT&interval=4h&limit=42").body);
-    ASSERT_EQ(rows.size(), 42);
-    constexpr qint64 fourHours = 4 * 3600 * 1000;
-    for (qsizetype i = 0; i < rows.size(); ++i) {
-        const QJsonArray row = rows[i].toArray();
-        ASSERT_EQ(row.size(), 12);
-        EXPECT_EQ(row[0].toInteger(), rows[0][0].toInteger() + i * fourHours);
-        EXPECT_GT(text(row[4]).toDouble(), 0);
-    }
-    const qint64 age = QDateTime::currentMSecsSinceEpoch() - rows.last()[0].toInteger();
-    EXPECT_TRUE(age >= 0 && age <= fourHours) << age;
-    EXPECT_EQ(text(rows.last()[4]), u"1234.5");
-}
-
-struct Failure {
-    const char* target;
-    int status;
-    int code;
-};
-
-TEST_F(ExchangeSimulator, RefusesWhatTheExchangeRefuses) {
-    for (const auto& [target, status, code] : {
-             Failure{"/api/v3/ticker/24hr?symbols=[\"BTCUSDT\",\"NOPE\"]", 400, -1121},
-             Failure{"/api/v3/ticker/24hr?symbols=[\"btcusdt\"]", 400, -1121},
-             Failure{"/api/v3/ticker/24hr?symbols=[1]", 400, -1102},
-             Failure{"/api/v3/ticker/24hr", 400, -1102},
-             Failure{"/api/v3/klines?symbol=NOPE&interval=1h", 400, -1121},
-             Failure{"/api/v3/klines?symbol=BTCUSDT&interval=1x", 400, -1120},
-             Failure{"/api/v3/klines?symbol=BTCUSDT", 400, -1102},
-             Failure{"/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=x", 400, -1100},
-             Failure{"/api/v3/nothing", 404, 0},
-         }) {
-        const RawClient::Answer answer = get(target);
-        EXPECT_EQ(answer.status, status) << target;
-        EXPECT_EQ(object(answer.body)[u"code"].toInt(), code) << target;
-    }
-}
-
-TEST_F(ExchangeSimulator, OverridesAnswersUntilTheCountIsUsedUp) {
-    const QByteArray target = "/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=1";
-    const QByteArray usual = get(target).body;
-    control("rest", R"({"path":"/api/v3/klines","status":429,"headers":{"Retry-After":"5"},
-                        "body":"slow","location":"/there","count":2})");
-    for (int i = 0; i < 2; ++i) {
-        const RawClient::Answer answer = get(target);
-        EXPECT_EQ(answer.status, 429);
-        EXPECT_EQ(answer.body, "slow");
-        EXPECT_TRUE(answer.head.contains("\r\nRetry-After: 5\r\nLocation: /there\r\n"));
-    }
-    EXPECT_EQ(get(target).status, 200);
-    control("rest", R"({"path":"/api/v3/klines","truncate":true})");
-    EXPECT_LT(get(target).body.size(), usual.size());
-    control("rest", R"({"path":"/api/v3/klines","chunked":true,"body":"0123456789"})");
-    EXPECT_EQ(get(target).body, "a\r\n0123456789\r\n0\r\n\r\n");
-    control("rest", R"({"path":"/api/v3/klines","reset":true})");
-    EXPECT_EQ(get(target).body.size(), usual.size());
-}
-
-TEST_F(ExchangeSimulator, CountsRequestsInFlight) {
-    control("rest", R"({"path":"/api/v3/klines","hang":true,"count":1})");
-    RawClient hanging(simulator.port());
-    hanging.send("GET /api/v3/klines HTTP/1.1\r\nHost: x\r\n\r\n");
-    logged("request");
-    control("rest", R"({"path":"/api/v3/exchangeInfo","delayMs":200})");
-    const auto asked = std::chrono::steady_clock::now();
-    EXPECT_EQ(get("/api/v3/exchangeInfo").status, 200);
-    EXPECT_GE(std::chrono::steady_clock::now() - asked, 200ms);
-    EXPECT_EQ(logged("request", 2).last()[u"inFlight"].toInt(), 2);
-    EXPECT_EQ(logged("answer").last()[u"inFlight"].toInt(), 1);
-    hanging.reset();
-    EXPECT_EQ(text(logged("abandoned").last()[u"target"]), u"/api/v3/klines");
-    EXPECT_EQ(control("state")[u"rest"][u"inFlight"].toInt(), 0);
-    EXPECT_EQ(control("state")[u"rest"][u"mostInFlight"].toInt(), 2);
-}
-
 TEST_F(ExchangeSimulator, ResetPutsEverythingRight) {
     control("limits", R"({"pingIntervalMs":50})");
     control("handshake", R"({"mode":"refuse"})");
@@ -443,22 +311,6 @@ TEST(ExchangeSimulatorScenario, PlaysFromTheFirstConnection) {
     ASSERT_TRUE(frame);
     EXPECT_EQ(text(object(frame->payload)[u"data"][u"c"]), u"12");
     EXPECT_EQ(text(object(frame->payload)[u"data"][u"P"]), u"26.000");
-}
-
-TEST_F(ExchangeSimulator, SurvivesMalformedHTTP) {
-    for (const QByteArray& bytes :
-         {QByteArray("\r\n\r\n"), QByteArray("GET\r\n\r\n"), QByteArray("GET / HTTP/2\r\n\r\n"),
-          QByteArray("GET x HTTP/1.1\r\n\r\n"), QByteArray("GET / HTTP/1.1\r\nno colon\r\n\r\n"),
-          QByteArray("POST / HTTP/1.1\r\nContent-Length: -1\r\n\r\n"),
-          QByteArray("POST / HTTP/1.1\r\nContent-Length: 99999999999999999999\r\n\r\n"),
-          QByteArray("POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"),
-          QByteArray(256 * 1024 + 1, 'x'),
-          QByteArray("POST /control/push HTTP/1.1\r\nConnection: close\r\n"
-                     "Content-Length: 3\r\n\r\n{[}")})
-        EXPECT_EQ(RawClient(simulator.port()).exchange(bytes).status, 400)
-            << bytes.left(60).toStdString();
-    EXPECT_EQ(RawClient(simulator.port()).handshake("/stream").left(12), "HTTP/1.1 101");
-    EXPECT_EQ(get("/stream?streams=x").status, 400);
 }
 
 TEST_F(ExchangeSimulator, CutsOffBreachesOfTheFrameProtocol) {
