@@ -83,13 +83,18 @@ Task<> BinanceWebSocketClient::connect() {
 Task<bool> BinanceWebSocketClient::tryConnect(QUrl url) {
     try {
         co_await connection_->connect(std::move(url));
-        isConnected_ = true;
     } catch (const std::exception&) {
         isConnected_ = false;
+        co_return false;
     }
-    if (isConnected_)
-        startReceiveLoop();
-    co_return isConnected_;
+    if (subscriptions_.empty()) {
+        // Every pair was dropped meanwhile, and what was closed then was not open yet.
+        co_await connection_->close();
+        co_return true;
+    }
+    isConnected_ = true;
+    startReceiveLoop();
+    co_return true;
 }
 
 void BinanceWebSocketClient::startReceiveLoop() {

@@ -47,6 +47,7 @@ private:
     platform::Task<> sendCommands(SymbolSet toAdd, SymbolSet toRemove);
     platform::Task<> sendCommand(std::string text);
     platform::Task<> connect();
+    /// False where the connection could not be opened.
     platform::Task<bool> tryConnect(QUrl url);
     void startReceiveLoop();
     platform::Task<> runReceiveLoop();
