@@ -9,7 +9,12 @@ namespace platform {
 namespace {
 
 /// Documents up to this size are read without asking for memory.
-constexpr std::size_t keptCapacity = 256 * 1024;
+constexpr std::size_t smallCapacity = 256 * 1024;
+
+/// A workspace that grew larger is given up when so many small documents have not needed it. Large
+/// documents come seldom, but when one is asked for again it comes soon, and touching fresh memory
+/// costs several times what reading it does.
+constexpr int smallDocumentsBeforeShrinking = 64;
 
 std::size_t roundedUp(std::size_t size) {
     constexpr std::size_t step = 4096;
@@ -25,14 +30,21 @@ std::size_t roundedUp(std::size_t size) {
 /// A padded buffer and the indexer's memory, both for documents up to `capacity` bytes.
 struct JSONReader::Workspace {
     std::size_t capacity = 0;
+    int smallDocumentsInARow = 0;
     std::unique_ptr<char[]> buffer;
     std::unique_ptr<simdjson::internal::dom_parser_implementation> indexer;
 
     void reserve(std::size_t size);
     void index(std::string_view bytes);
+
+    /// Whether it holds much memory for nothing.
+    bool isOutgrown() const {
+        return capacity > smallCapacity && smallDocumentsInARow >= smallDocumentsBeforeShrinking;
+    }
 };
 
 void JSONReader::Workspace::reserve(std::size_t size) {
+    smallDocumentsInARow = size <= smallCapacity ? smallDocumentsInARow + 1 : 0;
     if (size <= capacity && indexer)
         return;
     const std::size_t wanted = roundedUp(size);
@@ -80,8 +92,7 @@ JSONReader::JSONReader(std::string_view bytes)
               workspace_->indexer->n_structural_indexes) {}
 
 JSONReader::~JSONReader() {
-    // A large document's memory goes back to the system.
-    if (workspace_->capacity <= keptCapacity)
+    if (!workspace_->isOutgrown())
         spare() = std::move(workspace_);
 }
 

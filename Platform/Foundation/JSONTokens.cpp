@@ -11,10 +11,6 @@ namespace platform {
 
 namespace {
 
-[[noreturn, gnu::cold, gnu::noinline]] void fail(const char* what) {
-    throw DecodingError(DecodingError::Kind::dataCorrupted, what);
-}
-
 bool isSpace(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
@@ -43,6 +39,10 @@ private:
 
 } // namespace
 
+[[gnu::cold]] void JSONTokens::fail(const char* what) {
+    throw DecodingError(DecodingError::Kind::dataCorrupted, what);
+}
+
 JSONTokens::JSONTokens(std::string_view bytes, Position first, std::size_t count)
     : bytes_(bytes.data()),
       first_(first),
@@ -63,7 +63,7 @@ std::string_view JSONTokens::text(Position token) const {
     return {bytes_ + begin, end - begin};
 }
 
-std::string_view JSONTokens::string(Position token) {
+std::string_view JSONTokens::unusualString(Position token) {
     const std::string_view quoted = text(token);
     if (quoted.size() < 2 || quoted.back() != '"')
         fail("A string does not end.");
@@ -89,60 +89,7 @@ JSONTokens::Container JSONTokens::enter(Position opening, int depth) const {
     return {opening, opening, depth + 1, {}};
 }
 
-bool JSONTokens::nextMember(Container& object) {
-    if (isFirst(object)) {
-        if (initial(object.start + 1) == '}')
-            return close(object, object.start + 1);
-        readKey(object, object.start + 1);
-        return true;
-    }
-    const Position end = endOf(object.child, object.depth);
-    switch (initial(end)) {
-    case ',':
-        readKey(object, end + 1);
-        return true;
-    case '}':
-        return close(object, end);
-    default:
-        fail("An object's member is followed by neither a comma nor a brace.");
-    }
-}
-
-bool JSONTokens::nextElement(Container& array) {
-    if (isFirst(array)) {
-        if (initial(array.start + 1) == ']')
-            return close(array, array.start + 1);
-        array.child = array.start + 1;
-        return true;
-    }
-    const Position end = endOf(array.child, array.depth);
-    switch (initial(end)) {
-    case ',':
-        array.child = end + 1;
-        return true;
-    case ']':
-        return close(array, end);
-    default:
-        fail("An array's element is followed by neither a comma nor a bracket.");
-    }
-}
-
-bool JSONTokens::close(const Container& container, Position closing) {
-    closedStart_ = container.start;
-    closedEnd_ = closing + 1;
-    return false;
-}
-
-void JSONTokens::readKey(Container& object, Position key) {
-    if (initial(key) != '"')
-        fail("An object's key is not a string.");
-    object.key = string(key);
-    if (initial(key + 1) != ':')
-        fail("An object's key is not followed by a colon.");
-    object.child = key + 2;
-}
-
-JSONTokens::Position JSONTokens::endOf(Position value, int depth) const {
+JSONTokens::Position JSONTokens::endOfUnusual(Position value, int depth) const {
     const char c = initial(value);
     if (c != '{' && c != '[') {
         checkScalar(value);
@@ -213,6 +160,8 @@ void JSONTokens::checkScalar(Position token) const {
 }
 
 void JSONTokens::checkString(Position token) const {
+    if (isPlainString(token))
+        return;
     const std::string_view quoted = text(token);
     if (quoted.size() < 2 || quoted.back() != '"')
         fail("A string does not end.");

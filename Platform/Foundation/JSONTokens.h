@@ -67,16 +67,22 @@ public:
     bool nextElement(Container& array);
 
 private:
-    bool isFirst(const Container& container) const { return container.child == container.start; }
-    bool close(const Container& container, Position closing);
-    void readKey(Container& object, Position key);
+    /// Whether the text between the token and the next one is a string without escapes.
+    bool isPlainString(Position token) const {
+        return !hasEscapes_ && bytes_[*(token + 1) - 1] == '"' && *(token + 1) - *token >= 2;
+    }
+    std::string_view unusualString(Position token);
     Position endOf(Position value, int depth) const;
+    Position endOfUnusual(Position value, int depth) const;
     Position endOfContainer(Position opening, int depth) const;
+    bool close(const Container& container, Position closing);
+    bool readKey(Container& object, Position key);
     Position afterKey(Position key) const;
     template <typename Containers>
     Position afterValue(Containers& open, Position at) const;
     void checkScalar(Position token) const;
     void checkString(Position token) const;
+    [[noreturn]] static void fail(const char* what);
 
     const char* bytes_;
     Position first_;
@@ -87,5 +93,63 @@ private:
     Position closedEnd_ = nullptr;
     std::forward_list<std::string> unescaped_;
 };
+
+// What runs for each token stands here, to be compiled into the loops that read documents.
+
+[[gnu::always_inline]] inline std::string_view JSONTokens::string(Position token) {
+    if (!isPlainString(token)) [[unlikely]]
+        return unusualString(token);
+    return {bytes_ + *token + 1, *(token + 1) - *token - 2};
+}
+
+[[gnu::always_inline]] inline JSONTokens::Position JSONTokens::endOf(Position value,
+                                                                     int depth) const {
+    if (initial(value) == '"' && isPlainString(value))
+        return value + 1;
+    return endOfUnusual(value, depth);
+}
+
+inline bool JSONTokens::close(const Container& container, Position closing) {
+    closedStart_ = container.start;
+    closedEnd_ = closing + 1;
+    return false;
+}
+
+[[gnu::always_inline]] inline bool JSONTokens::readKey(Container& object, Position key) {
+    if (initial(key) != '"') [[unlikely]]
+        fail("An object's key is not a string.");
+    object.key = string(key);
+    if (initial(key + 1) != ':') [[unlikely]]
+        fail("An object's key is not followed by a colon.");
+    object.child = key + 2;
+    return true;
+}
+
+[[gnu::always_inline]] inline bool JSONTokens::nextMember(Container& object) {
+    if (object.child == object.start) {
+        const Position key = object.start + 1;
+        return initial(key) == '}' ? close(object, key) : readKey(object, key);
+    }
+    const Position end = endOf(object.child, object.depth);
+    if (initial(end) == ',')
+        return readKey(object, end + 1);
+    if (initial(end) != '}') [[unlikely]]
+        fail("An object's member is followed by neither a comma nor a brace.");
+    return close(object, end);
+}
+
+inline bool JSONTokens::nextElement(Container& array) {
+    if (array.child == array.start) {
+        array.child = array.start + 1;
+        return initial(array.child) == ']' ? close(array, array.child) : true;
+    }
+    const Position end = endOf(array.child, array.depth);
+    array.child = end + 1;
+    if (initial(end) == ',')
+        return true;
+    if (initial(end) != ']') [[unlikely]]
+        fail("An array's element is followed by neither a comma nor a bracket.");
+    return close(array, end);
+}
 
 } // namespace platform

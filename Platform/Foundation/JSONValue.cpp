@@ -16,17 +16,6 @@ Value orMismatch(std::optional<Value> value, const char* expected) {
 
 } // namespace
 
-bool JSONValue::isNumber() const {
-    const char c = tokens_->initial(token_);
-    return c == '-' || (c >= '0' && c <= '9');
-}
-
-std::optional<std::string_view> JSONValue::asString() const {
-    if (tokens_->initial(token_) != '"')
-        return std::nullopt;
-    return tokens_->string(token_);
-}
-
 std::optional<std::int64_t> JSONValue::asInteger() const {
     if (!isNumber())
         return std::nullopt;

@@ -25,7 +25,11 @@ public:
         : tokens_(&tokens), token_(token), depth_(depth) {}
 
     /// The text of a string in UTF-8, escapes resolved.
-    std::optional<std::string_view> asString() const;
+    std::optional<std::string_view> asString() const {
+        if (tokens_->initial(token_) != '"')
+            return std::nullopt;
+        return tokens_->string(token_);
+    }
 
     /// A number that is written without a fraction, is whole and fits 64 bits: `12`, `12e2`,
     /// `1200e-2`; not `12.0`.
@@ -107,7 +111,10 @@ private:
     }
 
     JSONValue requiredMember(std::string_view key) const;
-    bool isNumber() const;
+    bool isNumber() const {
+        const char c = tokens_->initial(token_);
+        return c == '-' || (c >= '0' && c <= '9');
+    }
 
     JSONTokens* tokens_;
     JSONTokens::Position token_;

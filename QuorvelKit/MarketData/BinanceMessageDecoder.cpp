@@ -31,8 +31,8 @@ struct Frame {
     std::optional<std::int64_t> id;
 };
 
-TickerPayload payloadIn(JSONValue data) {
-    TickerPayload payload;
+void read(JSONValue data, TickerPayload& payload) {
+    payload = TickerPayload(); // of a repeated key, the last one counts
     data.forEachMember([&payload](std::string_view key, JSONValue value) {
         if (key.size() != 1)
             return;
@@ -56,14 +56,13 @@ TickerPayload payloadIn(JSONValue data) {
             break;
         }
     });
-    return payload;
 }
 
 Frame frameIn(JSONValue root) {
     Frame frame;
     root.forEachMember([&frame](std::string_view key, JSONValue value) {
         if (key == "data")
-            frame.data = payloadIn(value);
+            read(value, frame.data);
         else if (key == "stream")
             frame.stream = value.asString();
         else if (key == "id")
