@@ -42,7 +42,7 @@ public:
     /// been set until then. Without a connected `bus` it never appears.
     ///
     /// @param clock must outlive the item
-    /// @param bus   the session bus
+    /// @param bus   the session bus; a connection carries one item
     StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusConnection& bus,
                QObject* parent = nullptr);
     ~StatusItem() override;

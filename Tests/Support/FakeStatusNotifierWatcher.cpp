@@ -1,0 +1,58 @@
+#include "Tests/Support/FakeStatusNotifierWatcher.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+#include <gtest/gtest.h>
+
+namespace test {
+
+namespace {
+
+const auto name = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto objectPath = QStringLiteral("/StatusNotifierWatcher");
+
+} // namespace
+
+FakeStatusNotifierWatcher::FakeStatusNotifierWatcher(const QDBusConnection& bus) : bus_(bus) {
+    bus_.registerVirtualObject(objectPath, this);
+    bus_.interface()->registerService(name, QDBusConnectionInterface::ReplaceExistingService,
+                                      QDBusConnectionInterface::AllowReplacement);
+}
+
+FakeStatusNotifierWatcher::~FakeStatusNotifierWatcher() {
+    bus_.unregisterService(name);
+    bus_.unregisterObject(objectPath);
+}
+
+bool FakeStatusNotifierWatcher::handleMessage(const QDBusMessage& message, const QDBusConnection&) {
+    if (message.member() != QStringLiteral("RegisterStatusNotifierItem")) {
+        ADD_FAILURE() << "Unexpected call of " << qPrintable(message.member());
+        return false;
+    }
+    registered_.append(message.arguments().value(0).toString());
+    if (!readsBeforeAnswering_) {
+        answer(message);
+        return true;
+    }
+    auto read = QDBusMessage::createMethodCall(
+        registered_.back(), QStringLiteral("/StatusNotifierItem"),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"));
+    read << QStringLiteral("org.kde.StatusNotifierItem");
+    auto* pending = new QDBusPendingCallWatcher(bus_.asyncCall(read), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this,
+            [this, message] { answer(message); });
+    return true;
+}
+
+void FakeStatusNotifierWatcher::answer(const QDBusMessage& message) {
+    bus_.send(message.createReply());
+    ++answerCount_;
+}
+
+QString FakeStatusNotifierWatcher::introspect(const QString&) const {
+    return {};
+}
+
+} // namespace test
