@@ -80,14 +80,16 @@ void Task::connectSignals() {
     QObject::connect(
         socket, &QWebSocket::binaryMessageReceived, context,
         [this](const QByteArray& bytes) { received({WebSocketMessage::Kind::binary, bytes}); });
+    // Which of the two comes first depends on what went wrong.
     QObject::connect(socket, &QWebSocket::disconnected, context, [this] {
-        failed(URLError::Code::connectionClosed, QStringLiteral("The connection was closed."));
+        failed(wasOpened_ ? URLError::Code::connectionClosed : URLError::Code::cannotConnect,
+               QStringLiteral("The connection was closed."));
     });
     QObject::connect(socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), context,
                      [this](QAbstractSocket::SocketError) {
-                         const auto code = isOpen() ? URLError::Code::connectionLost
-                                                    : URLError::Code::cannotConnect;
-                         failed(code, socket_->errorString());
+                         failed(wasOpened_ ? URLError::Code::connectionLost
+                                           : URLError::Code::cannotConnect,
+                                socket_->errorString());
                      });
 }
 
@@ -117,6 +119,7 @@ bool Task::write(const QString& text) {
 }
 
 void Task::opened() {
+    wasOpened_ = true;
     handshakeTimer_.reset();
     sendWaiting();
 }

@@ -115,6 +115,7 @@ private:
     std::unique_ptr<ClockTimer> handshakeTimer_;
     std::unique_ptr<ClockTimer> sendTimer_; ///< runs while the next message must wait
     std::chrono::milliseconds sendInterval_{0};
+    bool wasOpened_ = false;
     std::unique_ptr<QObject> context_;
     std::deque<Send*> waitingSends_;
     std::deque<WebSocketMessage> messages_;

@@ -6,15 +6,13 @@ namespace platform {
 
 namespace {
 
-/// Qt reports a status of 400 and above as an error of the reply; to us it is an answer.
-bool isAnswer(QNetworkReply::NetworkError error) {
-    const auto isWithin = [error](QNetworkReply::NetworkError first,
-                                  QNetworkReply::NetworkError last) {
-        return first <= error && error <= last;
-    };
-    return error == QNetworkReply::NoError ||
-           isWithin(QNetworkReply::ContentAccessDenied, QNetworkReply::UnknownContentError) ||
-           isWithin(QNetworkReply::InternalServerError, QNetworkReply::UnknownServerError);
+/// The HTTP status, also of an answer that Qt reports as an error of the reply; absent for other
+/// schemes, to which Qt gives a status as well.
+std::optional<int> statusOf(const QNetworkReply& reply) {
+    const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    if (!status.isValid() || !reply.url().scheme().startsWith(QLatin1StringView("http")))
+        return std::nullopt;
+    return status.toInt();
 }
 
 URLError::Code codeOf(QNetworkReply::NetworkError error) {
@@ -62,11 +60,12 @@ URLResponse URLTransfer::response() {
         throw URLError(URLError::Code::timedOut, QStringLiteral("The request timed out."));
     if (abortReason_)
         throw URLError(*abortReason_, QStringLiteral("The answer is too large."));
-    if (!isAnswer(reply_->error()))
+    constexpr int firstErrorStatus = 400;
+    const auto status = statusOf(*reply_);
+    if (reply_->error() != QNetworkReply::NoError && status < firstErrorStatus)
         throw URLError(codeOf(reply_->error()), reply_->errorString());
     takeBytes();
-    const QVariant status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    return {std::move(body_), status.isValid() ? std::optional(status.toInt()) : std::nullopt};
+    return {std::move(body_), status};
 }
 
 void URLTransfer::restartTimer() {
