@@ -1,0 +1,51 @@
+# shellcheck shell=bash
+# shellcheck disable=SC2034 # the lists are read by name in missingPackages
+# The Debian packages that each purpose needs. Every command names its purposes; what is there
+# already is left alone.
+
+packages_build=(
+    cmake ninja-build clang-19 lld-19
+    qt6-base-dev qt6-websockets-dev libsimdjson-dev
+)
+packages_test=(libgtest-dev libgmock-dev dbus-daemon python3-dbusmock)
+packages_desktop=(
+    xvfb dbus-daemon openbox picom
+    mate-panel mate-indicator-applet ayatana-indicator-application libglib2.0-bin
+    adwaita-icon-theme fonts-dejavu-core
+    python3-dbus python3-gi imagemagick x11-utils xdotool
+)
+packages_bench=(libbenchmark-dev python3)
+packages_format=(git clang-format-19)
+packages_tidy=(clang-tidy-19 python3)
+packages_sanitizers=(libclang-rt-19-dev llvm-19)
+packages_scripts=(git shellcheck desktop-file-utils)
+
+# Prints those of the packages PURPOSE... that are not installed.
+missingPackages() {
+    local purpose package list
+    for purpose in "$@"; do
+        list="packages_${purpose}[@]"
+        for package in "${!list}"; do
+            [[ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" == installed ]] ||
+                echo "$package"
+        done
+    done | sort -u
+}
+
+# Installs what is missing of the packages for PURPOSE..., as root or through sudo.
+requirePackages() {
+    local missing prefix=()
+    mapfile -t missing < <(missingPackages "$@")
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+    command -v apt-get >/dev/null ||
+        fail "these Debian packages are needed, and there is no apt-get here: ${missing[*]}"
+    if [[ $EUID -ne 0 ]]; then
+        command -v sudo >/dev/null ||
+            fail "these packages are missing, and only root can install them: ${missing[*]}"
+        prefix=(sudo)
+    fi
+    say "installing ${missing[*]}"
+    "${prefix[@]}" apt-get update -q
+    "${prefix[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -q --no-install-recommends "${missing[@]}"
+}
