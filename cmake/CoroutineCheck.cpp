@@ -39,23 +39,31 @@ struct Aggregate {
     int second = 0;
 };
 
-Awaitable take(Aggregate aggregate) { return Awaitable{std::move(aggregate.first)}; }
+Awaitable take(Aggregate aggregate) {
+    return Awaitable{std::move(aggregate.first)};
+}
 
 template <typename Function>
 Awaitable call(Function function) {
     return Awaitable{function()};
 }
 
-Job aggregateArgument() { co_await take({Counted(), 1}); }
+Job aggregateArgument() {
+    co_await take({Counted(), 1});
+}
 
-Job aggregateAwaitable() { co_await Awaitable{Counted()}; }
+Job aggregateAwaitable() {
+    co_await Awaitable{Counted()};
+}
 
 Job capturingLambda() {
     const Counted captured;
     co_await call([captured] { return captured; });
 }
 
-Job conditional(bool first) { co_await take(first ? Aggregate{Counted(), 1} : Aggregate{Counted(), 2}); }
+Job conditional(bool first) {
+    co_await take(first ? Aggregate{Counted(), 1} : Aggregate{Counted(), 2});
+}
 
 } // namespace
 

@@ -8,17 +8,19 @@ packages_build=(
     qt6-base-dev qt6-websockets-dev libsimdjson-dev
 )
 packages_test=(libgtest-dev libgmock-dev dbus-daemon python3-dbusmock)
+packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)
 packages_desktop=(
-    xvfb dbus-daemon openbox picom
-    mate-panel mate-indicator-applet ayatana-indicator-application libglib2.0-bin
+    xvfb dbus-daemon openbox picom xdotool imagemagick x11-utils
+    mate-panel mate-indicator-applet ayatana-indicator-application
     adwaita-icon-theme fonts-dejavu-core
-    python3-dbus python3-gi imagemagick x11-utils xdotool
 )
 packages_bench=(libbenchmark-dev python3)
 packages_format=(git clang-format-19)
-packages_tidy=(clang-tidy-19 python3)
+packages_includes=(git python3)
+packages_scripts=(shellcheck)
+packages_tidy=(git python3 clang-tidy-19)
 packages_sanitizers=(libclang-rt-19-dev llvm-19)
-packages_scripts=(git shellcheck desktop-file-utils)
+packages_desktopFiles=(desktop-file-utils)
 
 # Prints those of the packages PURPOSE... that are not installed.
 missingPackages() {

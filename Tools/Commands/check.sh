@@ -1,0 +1,80 @@
+# shellcheck shell=bash
+# Each step below is a function step_NAME; `./dev check` runs all, `./dev check NAME...` those named.
+
+allSteps=(format includes scripts tidy asan tsan desktop)
+
+command_check() {
+    local steps=("$@") step began failed=()
+    [[ $# -gt 0 ]] || steps=("${allSteps[@]}")
+    for step in "${steps[@]}"; do
+        declare -F "step_$step" >/dev/null || fail "check: there is no step '$step' (${allSteps[*]})"
+    done
+    for step in "${steps[@]}"; do
+        began=$SECONDS
+        say "check $step"
+        # A shell of its own, so that the first failing line ends the step and the others still run.
+        if ! ./dev _step "$step"; then
+            failed+=("$step")
+        fi
+        say "check $step took $((SECONDS - began)) s"
+    done
+    [[ ${#failed[@]} -eq 0 ]] || fail "check FAILED: ${failed[*]}"
+    say "check passed: ${steps[*]}"
+}
+
+# The C++ files that are ours: tracked, or new and not ignored.
+cxxFiles() {
+    git ls-files --cached --others --exclude-standard -- '*.h' '*.cpp'
+}
+
+step_format() {
+    requirePackages format
+    cxxFiles | xargs clang-format-19 --dry-run -Werror
+}
+
+step_includes() {
+    requirePackages includes
+    python3 Tools/Checks/include_direction.py
+}
+
+step_scripts() {
+    requirePackages scripts
+    shellcheck -x dev .ci/run Tools/Commands/*.sh
+}
+
+# The analyser needs the headers that moc makes, hence the build. Findings are errors by .clang-tidy.
+step_tidy() {
+    requirePackages build test tidy
+    buildPreset debug
+    cxxFiles | { grep '\.cpp$' || true; } | python3 Tools/Checks/compiled.py build/debug |
+        xargs -P "$(nproc)" -n 4 clang-tidy-19 -p build/debug --quiet
+}
+
+step_asan() {
+    requirePackages build test sanitizers
+    buildPreset asan
+    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1 \
+        UBSAN_OPTIONS=print_stacktrace=1 \
+        LSAN_OPTIONS="suppressions=$PWD/cmake/lsan.supp:print_suppressions=0" \
+        ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-19 \
+        ctest --test-dir build/asan --output-on-failure --no-tests=error -j2 -LE '^panels$'
+}
+
+# Only what has threads of its own: the platform and the kit.
+step_tsan() {
+    requirePackages build test sanitizers
+    buildPreset tsan PlatformTests QuorvelKitTests
+    TSAN_OPTIONS="suppressions=$PWD/cmake/tsan.supp:external_symbolizer_path=/usr/bin/llvm-symbolizer-19" \
+        ctest --test-dir build/tsan --output-on-failure --no-tests=error \
+        -R '^(PlatformTests|QuorvelKitTests)$'
+}
+
+step_desktop() {
+    local files=(packaging/*.desktop)
+    if [[ ! -e "${files[0]}" ]]; then
+        echo "there is no desktop file yet"
+        return 0
+    fi
+    requirePackages desktopFiles
+    desktop-file-validate "${files[@]}"
+}

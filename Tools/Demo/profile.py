@@ -1,0 +1,52 @@
+"""A profile of the demo's own, so that nobody's watchlist or preferences are touched."""
+
+import json
+import shutil
+
+PINNED = ["BTC", "ETH", "SOL"]
+OTHERS = ["BNB", "XRP", "DOGE"]
+
+# Few enough to read at a glance, and each of them moves every second.
+SHOWN_AT_ONCE = 2
+
+
+class Profile:
+    """Folders for configuration, data and cache below one folder, and what is prepared in them."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        shutil.rmtree(folder, ignore_errors=True)
+        self.variables = {
+            "XDG_CONFIG_HOME": folder / "config",
+            "XDG_DATA_HOME": folder / "data",
+            "XDG_CACHE_HOME": folder / "cache",
+            "XDG_STATE_HOME": folder / "state",
+        }
+        for path in self.variables.values():
+            path.mkdir(parents=True)
+
+    def environment(self, base):
+        return base | {name: str(path) for name, path in self.variables.items()}
+
+    def prepare(self, rest_url):
+        """Writes preferences that lead to the simulator, and a watchlist."""
+        stream_url = rest_url.replace("http://", "ws://", 1) + "/stream"
+        self._write("XDG_CONFIG_HOME", "Quorvel.conf", "\n".join([
+            "[General]",
+            f"exchange.restURL={rest_url}",
+            f"exchange.streamURL={stream_url}",
+            "display.mode=sideBySide",
+            f"display.sideBySideLimit={SHOWN_AT_ONCE}",
+            "",
+        ]))
+        self._write("XDG_DATA_HOME", "watchlist.json", json.dumps(
+            [self._item(base, base in PINNED) for base in PINNED + OTHERS]))
+
+    def _write(self, home, name, text):
+        folder = self.variables[home] / "Quorvel"
+        folder.mkdir(exist_ok=True)
+        (folder / name).write_text(text)
+
+    @staticmethod
+    def _item(base, pinned):
+        return {"symbol": {"base": base, "quote": "USDT"}, "isPinnedToStatusBar": pinned}
