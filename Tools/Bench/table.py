@@ -13,6 +13,7 @@ import re
 import sys
 
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+OPTIONS = re.compile(r"/(repeats|iterations|min_time|min_warmup_time):[\d.]+")
 SIDE = re.compile(r"/(subject|reference)(?=/|$)")
 
 
@@ -24,9 +25,8 @@ def medians(path):
         if entry.get("error_occurred"):
             raise SystemExit(f"{entry['name']} failed: {entry.get('error_message')}")
         if entry.get("aggregate_name") == "median":
-            name = re.sub(r"/repeats:\d+", "", entry["run_name"])
-            clock = "real_time" if "real_time" in name else "cpu_time"
-            yield name, entry[clock] * NANOSECONDS[entry["time_unit"]]
+            clock = "real_time" if "/real_time" in entry["run_name"] else "cpu_time"
+            yield OPTIONS.sub("", entry["run_name"]), entry[clock] * NANOSECONDS[entry["time_unit"]]
 
 
 def pairs(figures):

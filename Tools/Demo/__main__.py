@@ -25,7 +25,8 @@ PRICED = re.compile(rf"\b({'|'.join(PINNED + OTHERS)}) -?\d[\d,]*\.\d")
 
 def main():
     options = arguments()
-    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, signal.default_int_handler)
     children = Children(FOLDER / "log")
     try:
         run(options, children)
