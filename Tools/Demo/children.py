@@ -4,6 +4,7 @@ import os
 import signal
 import subprocess
 import time
+from pathlib import Path
 
 
 class Failure(Exception):
@@ -28,7 +29,9 @@ class Child:
         """Raises Failure when the process has ended on its own."""
         status = self.process.poll()
         if status is not None:
-            raise Failure(f"{self.name} ended by itself with status {status}; see {self.log}.err")
+            last = Path(f"{self.log}.err").read_text(errors="replace").strip().splitlines()[-1:]
+            raise Failure(f"{self.name} ended by itself with status {status}; its last words in"
+                          f" {self.log}.err: {''.join(last) or 'none'}")
 
     def first_line(self, seconds=10):
         """The first whole line that the process printed; waits for it."""
