@@ -57,7 +57,7 @@ step_asan() {
         UBSAN_OPTIONS=print_stacktrace=1 \
         LSAN_OPTIONS="suppressions=$PWD/cmake/lsan.supp:print_suppressions=0" \
         ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-19 \
-        ctest --test-dir build/asan --output-on-failure --no-tests=error -j2 -LE '^panels$'
+        ctest --test-dir build/asan --output-on-failure --no-tests=error -j"$(nproc)" -LE '^panels$'
 }
 
 # Only what has threads of its own: the platform and the kit.

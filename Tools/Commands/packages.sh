@@ -47,7 +47,7 @@ requirePackages() {
         prefix=(sudo)
     fi
     say "installing ${missing[*]}"
-    "${prefix[@]}" apt-get update -q
+    "${prefix[@]}" apt-get -o DPkg::Lock::Timeout=300 update -q
     "${prefix[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -q --no-install-recommends "${missing[@]}"
+        apt-get -o DPkg::Lock::Timeout=300 install -y -q --no-install-recommends "${missing[@]}"
 }

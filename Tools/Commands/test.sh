@@ -18,5 +18,5 @@ command_test() {
         say "no panel runs yet"
     fi
     say "running the tests"
-    ctest --test-dir build/debug --output-on-failure --no-tests=error -j2 "${selection[@]}"
+    ctest --test-dir build/debug --output-on-failure --no-tests=error -j"$(nproc)" "${selection[@]}"
 }
