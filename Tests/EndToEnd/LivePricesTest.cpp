@@ -1,0 +1,172 @@
+#include "Tests/EndToEnd/LiveSession.h"
+#include "Tests/Support/WaitUntil.h"
+
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QFile>
+
+#include <csignal>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+struct Shown {
+    const char* mode;
+    const char* content;
+    const char* before; ///< the label for the prices at the start
+    const char* after;  ///< the label when BTC has moved
+};
+
+class EachModeAndContent : public test::LiveSession, public testing::WithParamInterface<Shown> {};
+
+TEST_P(EachModeAndContent, ShowsAPushedPriceWithinASecondAndAHalf) {
+    quorvel_.setPreference(QStringLiteral("display.mode"), QString::fromLatin1(GetParam().mode));
+    quorvel_.setPreference(QStringLiteral("display.content"),
+                           QString::fromLatin1(GetParam().content));
+    quorvel_.setPreference(QStringLiteral("display.rotationInterval"), QStringLiteral("60"));
+    start();
+    ASSERT_TRUE(showsLabel(GetParam().before, 10s));
+    ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
+    push("BTCUSDT", "999.99999", "-0.001");
+    EXPECT_TRUE(showsLabel(GetParam().after));
+    EXPECT_EQ(toolTip(), GetParam().after);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LivePrices, EachModeAndContent,
+    testing::Values(Shown{"rotating", "priceOnly", "BTC 65,432.10 ▲", "BTC 1000.0000 ▼"},
+                    Shown{"rotating", "changeOnly", "BTC +1.23% ▲", "BTC 0.00% ▼"},
+                    Shown{"rotating", "both", "BTC 65,432.10 +1.23% ▲", "BTC 1000.0000 0.00% ▼"},
+                    Shown{"sideBySide", "priceOnly", "BTC 65,432.10 ▲  ETH 0.00001234 ▼",
+                          "BTC 1000.0000 ▼  ETH 0.00001234 ▼"},
+                    Shown{"sideBySide", "changeOnly", "BTC +1.23% ▲  ETH -0.50% ▼",
+                          "BTC 0.00% ▼  ETH -0.50% ▼"},
+                    Shown{"sideBySide", "both", "BTC 65,432.10 +1.23% ▲  ETH 0.00001234 -0.50% ▼",
+                          "BTC 1000.0000 0.00% ▼  ETH 0.00001234 -0.50% ▼"},
+                    Shown{"fixed", "priceOnly", "BTC 65,432.10 ▲", "BTC 1000.0000 ▼"},
+                    Shown{"fixed", "changeOnly", "BTC +1.23% ▲", "BTC 0.00% ▼"},
+                    Shown{"fixed", "both", "BTC 65,432.10 +1.23% ▲", "BTC 1000.0000 0.00% ▼"}),
+    [](const auto& info) { return std::string(info.param.mode) + "_" + info.param.content; });
+
+class LivePrices : public test::LiveSession {
+protected:
+    QDBusMessage menu(const QString& member, const QVariantList& arguments) {
+        return panel_.call(quorvel_.itemService(), QStringLiteral("/MenuBar"),
+                           QStringLiteral("com.canonical.dbusmenu"), member, arguments);
+    }
+
+    /// Chooses an entry of the menu by its place, counted from 1.
+    void choose(int id) {
+        menu(QStringLiteral("Event"),
+             {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(QString())), 0u});
+    }
+};
+
+TEST_F(LivePrices, RotateThroughThePinnedPairs) {
+    quorvel_.setPreference(QStringLiteral("display.rotationInterval"), QStringLiteral("1"));
+    quorvel_.setPreference(QStringLiteral("display.showsDirectionArrow"), QStringLiteral("false"));
+    start();
+    const std::string btc = "BTC 65,432.10 +1.23%";
+    const std::string eth = "ETH 0.00001234 -0.50%";
+    EXPECT_TRUE(showsLabel(btc, 10s));
+    EXPECT_TRUE(showsLabel(eth, 3s));
+    EXPECT_TRUE(showsLabel(btc, 3s));
+}
+
+TEST_F(LivePrices, LeaveOnlyTheIconWithoutAnyPair) {
+    quorvel_.writeWatchlist(R"([{"symbol":{"base":"btc","quote":"USDT"}},7])");
+    quorvel_.setPreference(QStringLiteral("display.showsIcon"), QStringLiteral("false"));
+    start();
+    EXPECT_EQ(label(), std::nullopt);
+    EXPECT_EQ(toolTip(), "Quorvel");
+    EXPECT_EQ(connectionCount(), 0);
+}
+
+TEST_F(LivePrices, ComeBackWithinThreeSecondsWhenTheExchangeDoes) {
+    quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
+    start();
+    ASSERT_TRUE(showsPrices());
+    ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
+    simulator_.kill();
+    test::waitUntil([] { return false; }, 2500ms);
+    simulator_.restartOnSamePort();
+    QElapsedTimer timer;
+    timer.start();
+    ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }, 3s));
+    push("BTCUSDT", "70000", "8");
+    EXPECT_TRUE(
+        showsLabel("BTC 70,000.00 +8.00% ▲", 3000ms - std::chrono::milliseconds(timer.elapsed())));
+    EXPECT_EQ(simulator_.details(QStringLiteral("streamOpened")).size(), 1);
+}
+
+TEST_F(LivePrices, AppearInAPanelThatComesLateAndAgainWhenItRestarts) {
+    watcher_.reset();
+    quorvel_.start();
+    ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
+    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
+    ASSERT_TRUE(test::waitUntil([this] { return isRegistered(); }));
+    EXPECT_TRUE(showsPrices());
+    watcher_.reset();
+    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
+    EXPECT_TRUE(test::waitUntil([this] { return isRegistered(); }));
+}
+
+TEST_F(LivePrices, SurviveTheSessionBus) {
+    start();
+    ASSERT_TRUE(showsPrices());
+    bus_.stop();
+    test::waitUntil([this] { return !quorvel_.isRunning(); }, 1s);
+    ASSERT_TRUE(quorvel_.isRunning());
+    quorvel_.sendSignal(SIGTERM);
+    EXPECT_EQ(quorvel_.waitForEnd(), 0);
+    EXPECT_EQ(closeCode(), 1001);
+}
+
+class EachEnd : public LivePrices, public testing::WithParamInterface<int> {};
+
+TEST_P(EachEnd, ClosesTheStreamInOrderAndGivesZero) {
+    start();
+    ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
+    ASSERT_TRUE(showsPrices());
+    simulator_.control(QStringLiteral("walk"), {{QStringLiteral("running"), true}});
+    constexpr int quitEntry = 4; // behind Open, Settings… and the separator
+    if (GetParam() == 0)
+        choose(quitEntry);
+    else
+        quorvel_.sendSignal(GetParam());
+    EXPECT_EQ(quorvel_.waitForEnd(), 0);
+    EXPECT_EQ(closeCode(), 1001);
+}
+
+INSTANTIATE_TEST_SUITE_P(LivePrices, EachEnd, testing::Values(0, SIGTERM, SIGINT),
+                         [](const auto& info) {
+                             return info.param == 0         ? "MenuEntry"
+                                    : info.param == SIGTERM ? "SIGTERM"
+                                                            : "SIGINT";
+                         });
+
+TEST_F(LivePrices, EndAlsoWhileTheExchangeDoesNotAnswer) {
+    simulator_.control(QStringLiteral("rest"),
+                       {{QStringLiteral("path"), QStringLiteral("/api/v3/exchangeInfo")},
+                        {QStringLiteral("hang"), true}});
+    start();
+    simulator_.waitForDetails(QStringLiteral("request"));
+    EXPECT_TRUE(showsLabel("BTC", 3s)) << "a pair without a price shows its name alone";
+    quorvel_.sendSignal(SIGTERM);
+    EXPECT_EQ(quorvel_.waitForEnd(), 0);
+}
+
+TEST_F(LivePrices, LeaveTheUsersFilesAlone) {
+    const QByteArray damaged(
+        "[{\"symbol\":{\"base\":\"BTC\",\"quote\":\"USDT\"},\"isPinnedToStatusBar\":true},{");
+    quorvel_.writeWatchlist(damaged);
+    start();
+    quorvel_.sendSignal(SIGTERM);
+    EXPECT_EQ(quorvel_.waitForEnd(), 0);
+    QFile file(quorvel_.watchlistPath());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), damaged);
+}
+
+} // namespace
