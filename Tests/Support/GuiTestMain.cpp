@@ -1,9 +1,8 @@
-#include <QGuiApplication>
+#include "Tests/Support/RunTests.h"
 
-#include <gtest/gtest.h>
+#include <QGuiApplication>
 
 int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    return test::runTests(argc, argv);
 }

@@ -72,7 +72,7 @@ TEST_F(UserDefaultsFile, HasNothingWhereThereIsNoFileOrGarbage) {
     EXPECT_FALSE(UserDefaults(path_).string(key_));
     QFile file(directory_.filePath(QStringLiteral("garbage.conf")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray("\x00\xff\xfe[[[===\n\n]", 14));
+    file.write(QByteArrayLiteral("\x00\xff\xfe[[[===\n\n]"));
     file.close();
     EXPECT_FALSE(UserDefaults(file.fileName()).hasObject(key_));
 }
