@@ -7,7 +7,6 @@
 
 #include <csignal>
 #include <stdexcept>
-#include <sys/prctl.h>
 
 namespace test {
 
@@ -15,7 +14,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int patienceMs = 10'000;
+constexpr std::chrono::milliseconds patience = 10s;
+constexpr int patienceMs = patience.count();
 
 QByteArray request(const QString& name, const QJsonObject& parameters) {
     const QByteArray body = QJsonDocument(parameters).toJson(QJsonDocument::Compact);
@@ -43,8 +43,6 @@ QByteArray exchange(quint16 port, const QByteArray& bytes) {
 } // namespace
 
 SimulatorProcess::SimulatorProcess(const QStringList& arguments) : arguments_(arguments) {
-    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     start();
 }
 
@@ -53,14 +51,14 @@ SimulatorProcess::~SimulatorProcess() {
 }
 
 void SimulatorProcess::start() {
-    const QStringList fixed{QStringLiteral("--quiet"), QStringLiteral("--port"),
-                            QString::number(port_)};
-    process_.start(executablePath(), fixed + arguments_);
-    while (!process_.canReadLine() && process_.waitForReadyRead(patienceMs)) {
-    }
+    std::vector<std::string> command{executablePath().toStdString(), "--quiet", "--port",
+                                     std::to_string(port_)};
+    for (const QString& argument : arguments_)
+        command.push_back(argument.toStdString());
+    process_.start(std::move(command));
     static const QRegularExpression address(
         QStringLiteral("^listening on http://127\\.0\\.0\\.1:(\\d+)$"));
-    const QString line = QString::fromUtf8(process_.readLine()).trimmed();
+    const QString line = QString::fromStdString(process_.readLine(patience));
     const QRegularExpressionMatch match = address.match(line);
     if (!match.hasMatch())
         throw std::runtime_error("the simulator did not start: " + line.toStdString());
@@ -110,15 +108,15 @@ QList<QJsonObject> SimulatorProcess::waitForDetails(const QString& kind, qsizety
 }
 
 int SimulatorProcess::stop() {
-    process_.terminate();
-    if (!process_.waitForFinished(patienceMs))
+    process_.sendSignal(SIGTERM);
+    const auto status = process_.waitForEnd(patience);
+    if (!status)
         throw std::runtime_error("the simulator did not end");
-    return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
+    return *status;
 }
 
 void SimulatorProcess::kill() {
     process_.kill();
-    process_.waitForFinished(patienceMs);
 }
 
 void SimulatorProcess::restartOnSamePort() {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "Tests/Support/ChildProcess.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QProcess>
 #include <QStringList>
 #include <QUrl>
 
@@ -62,7 +63,7 @@ private:
     void start();
 
     QStringList arguments_;
-    QProcess process_;
+    ChildProcess process_;
     quint16 port_ = 0;
 };
 

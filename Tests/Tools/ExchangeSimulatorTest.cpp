@@ -1,5 +1,6 @@
 #include "Tests/Tools/ExchangeSimulatorFixture.h"
 
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
 
