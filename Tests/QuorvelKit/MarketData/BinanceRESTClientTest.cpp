@@ -1,0 +1,150 @@
+#include "QuorvelKit/MarketData/BinanceRESTClient.h"
+
+#include "Platform/Foundation/DecodingError.h"
+#include "QuorvelKit/MarketData/HTTPTransportError.h"
+#include "Tests/Support/ManualClock.h"
+#include "Tests/Support/RunTask.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const Symbol btc{"BTC", "USDT"};
+const Symbol umlaut{"Ä", "USDT"};
+
+/// Answers every request with the same body, or fails as told, and notes the URLs.
+class ScriptedTransport final : public HTTPTransport {
+public:
+    struct State {
+        std::vector<std::string> urls;
+        QByteArray body;
+        std::optional<HTTPTransportError> error;
+    };
+    explicit ScriptedTransport(State& state) : state_(state) {}
+    platform::Task<QByteArray> get(QUrl url) override {
+        state_.urls.push_back(url.toEncoded().toStdString());
+        if (state_.error)
+            throw HTTPTransportError(*state_.error);
+        co_return state_.body;
+    }
+
+private:
+    State& state_;
+};
+
+class REST : public testing::Test {
+protected:
+    bool fails(auto task) {
+        try {
+            test::runTask(std::move(task));
+            return false;
+        } catch (const platform::DecodingError&) {
+            return true;
+        }
+    }
+
+    std::vector<std::string> snapshotOf(const QByteArray& body) {
+        state_.body = body;
+        std::vector<std::string> found;
+        for (const Quote& quote : test::runTask(client_.snapshot({btc})))
+            found.push_back(quote.symbol.base + " " + quote.lastPrice.plainText());
+        return found;
+    }
+
+    test::ManualClock clock_;
+    ScriptedTransport::State state_;
+    BinanceRESTClient client_{std::make_unique<ScriptedTransport>(state_),
+                              QUrl(QStringLiteral("https://host.example")), clock_};
+};
+
+} // namespace
+
+TEST_F(REST, WritesItsRequestsAsTheExchangeReadsThem) {
+    state_.body = "[]";
+    test::runTask(client_.snapshot({{"ETH", "USDT"}, btc, umlaut}));
+    test::runTask(client_.candles(umlaut, ChartPeriod::week));
+    test::runTask(client_.candles(btc, ChartPeriod::day));
+    state_.body = R"({"symbols":[]})";
+    test::runTask(client_.availableSymbols());
+    EXPECT_THAT(
+        state_.urls,
+        ElementsAre(
+            "https://host.example/api/v3/ticker/24hr?symbols=%5B%22ETHUSDT%22,%22BTCUSDT%22,"
+            "%22%C3%84USDT%22%5D",
+            "https://host.example/api/v3/klines?symbol=%C3%84USDT&interval=4h&limit=42",
+            "https://host.example/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=24",
+            "https://host.example/api/v3/exchangeInfo"));
+    EXPECT_TRUE(test::runTask(client_.snapshot({})).empty());
+    EXPECT_EQ(state_.urls.size(), 4u) << "asked for no pairs";
+}
+
+TEST_F(REST, SkipsTickersThatMakeNoSenseAndStampsTheRest) {
+    EXPECT_THAT(snapshotOf(R"([{"symbol":"ETHBTC","lastPrice":"1","priceChangePercent":"1"},
+        {"symbol":"ETHUSDT","lastPrice":"1,5","priceChangePercent":"1"},
+        {"symbol":"ETHUSDT","lastPrice":"1","priceChangePercent":""},
+        {"extra":{"a":[1]},"symbol":"btcusdt","lastPrice":"0.00001234","priceChangePercent":"-1"},
+        {"symbol":"ETHUSDT","lastPrice":"2","priceChangePercent":"0"}])"),
+                ElementsAre("BTC 0.00001234", "ETH 2"));
+    for (const Quote& quote : test::runTask(client_.snapshot({btc})))
+        EXPECT_EQ(quote.timestamp, clock_.now());
+}
+
+TEST_F(REST, FailsOnASnapshotOfAnotherForm) {
+    for (const char* body :
+         {"", "{}", "[{}]", "[7]",
+          R"([{"symbol":"BTCUSDT","lastPrice":1,"priceChangePercent":"1"}])",
+          R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":null}])",
+          R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":"1"}] x)", "<html>"}) {
+        state_.body = body;
+        EXPECT_TRUE(fails(client_.snapshot({btc}))) << body;
+    }
+}
+
+TEST_F(REST, ListsThePairsThatTradeInUSDT) {
+    state_.body = R"({"timezone":"UTC","symbols":[
+        {"symbol":"BTCUSDT","status":"TRADING","quoteAsset":"USDT","filters":[{"a":1.5}]},
+        {"symbol":"LUNAUSDT","status":"BREAK","quoteAsset":"USDT"},
+        {"symbol":"ETHBTC","status":"TRADING","quoteAsset":"BTC"},
+        {"symbol":"USDT","status":"TRADING","quoteAsset":"USDT"},
+        {"symbol":"ÄUSDT","status":"TRADING","quoteAsset":"USDT"}]})";
+    EXPECT_THAT(test::runTask(client_.availableSymbols()), ElementsAre(btc, umlaut));
+    for (const char* body :
+         {"[]", "{}", R"({"symbols":{}})", R"({"symbols":[{"symbol":"BTCUSDT"}]})"}) {
+        state_.body = body;
+        EXPECT_TRUE(fails(client_.availableSymbols())) << body;
+    }
+}
+
+TEST_F(REST, ReadsCandlesRowByRow) {
+    state_.body = R"([[1700000000000,"1","2","0.5","1.5","9"],[1700003600000,"1","2","0.5"],
+        ["1700000000000","1","2","0.5","1.5"],[1700000000000,"1","2","0.5",1.5],
+        [1700000000000,"1","2","0.5","x"],[1700007200500.5,"1","2","0.5","1e-8",7]])";
+    const auto candles = test::runTask(client_.candles(btc, ChartPeriod::day));
+    ASSERT_EQ(candles.size(), 2u);
+    EXPECT_EQ(candles[0].openTime, platform::dateSince1970(platform::TimeInterval(1700000000)));
+    EXPECT_EQ(candles[0].close, Decimal::fromAPIString("1.5"));
+    EXPECT_EQ(candles[1].close, Decimal::fromAPIString("0.00000001"));
+    for (const char* body : {"{}", "[7]", R"([[1,"1","1","1","1",null]])",
+                             R"([[1,"1","1","1","1",[]]])", R"([[1,"1","1","1",true]])"}) {
+        state_.body = body;
+        EXPECT_TRUE(fails(client_.candles(btc, ChartPeriod::day))) << body;
+    }
+}
+
+TEST_F(REST, PassesTheTransportsErrorsOn) {
+    state_.error = HTTPTransportError::requestFailed(429);
+    try {
+        test::runTask(client_.availableSymbols());
+        ADD_FAILURE() << "succeeded";
+    } catch (const HTTPTransportError& error) {
+        EXPECT_EQ(error, HTTPTransportError::requestFailed(429));
+        EXPECT_FALSE(error == HTTPTransportError::requestFailed(418));
+        EXPECT_FALSE(error == HTTPTransportError::invalidResponse());
+    }
+    EXPECT_EQ(state_.urls.size(), 1u) << "tried again";
+}
