@@ -1,0 +1,200 @@
+#include "Quorvel/Model/AppModel.h"
+
+#include "Tests/Support/ManualClock.h"
+#include "Tests/Support/RunTask.h"
+#include "Tests/Support/ScriptedProvider.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+
+namespace {
+
+const Symbol btc{"BTC", "USDT"};
+
+const QByteArray twoPairs =
+    R"([{"symbol":{"base":"BTC","quote":"USDT"},"isPinnedToStatusBar":false},)"
+    R"({"symbol":{"base":"ETH","quote":"USDT"},"isPinnedToStatusBar":false}])";
+
+class Model : public testing::Test {
+protected:
+    void make(const QByteArray& watchlist = twoPairs) {
+        platform::FileManager::writeAtomically(
+            watchlist, directory_.filePath(QStringLiteral("share/Quorvel/watchlist.json")));
+        makeFromFiles();
+    }
+
+    void makeFromFiles() {
+        auto provider = std::make_unique<test::ScriptedProvider>();
+        provider_ = provider.get();
+        model_ = std::make_unique<AppModel>(std::move(provider), settings_, files_, clock_);
+    }
+
+    /// Starts the model, and loads the list of pairs unless told not to.
+    void start(bool loadsPairs = true) {
+        startTask_ = platform::startTask(model_->start());
+        test::drainEvents();
+        if (!loadsPairs)
+            return;
+        provider_->pairs.addResult(std::vector{btc});
+        provider_->pairs.finish();
+        test::drainEvents();
+    }
+
+    Quote quote(std::int64_t price) const {
+        return {btc, Decimal(price), Decimal(1), clock_.now()};
+    }
+
+    void push(std::int64_t price) {
+        EXPECT_TRUE(provider_->push(quote(price)));
+        test::drainEvents();
+    }
+
+    std::string text() const {
+        return model_->statusBarSegments().empty()
+                   ? ""
+                   : model_->statusBarSegments()[0].text.toStdString();
+    }
+
+    QTemporaryDir directory_;
+    platform::FileManager files_{directory_.filePath(QStringLiteral("share")),
+                                 directory_.filePath(QStringLiteral("tmp"))};
+    platform::UserDefaults defaults_{directory_.filePath(QStringLiteral("Quorvel.conf"))};
+    SettingsStore settings_{defaults_};
+    test::ManualClock clock_;
+    test::ScriptedProvider* provider_ = nullptr;
+    std::unique_ptr<AppModel> model_;
+    platform::TaskHandle startTask_;
+};
+
+} // namespace
+
+TEST_F(Model, SubscribesOnceTheListOfPairsIsThere) {
+    make();
+    start(false);
+    EXPECT_THAT(provider_->calls, ElementsAre("pairs", "quotes"));
+    provider_->pairs.addResult(std::vector{btc});
+    provider_->pairs.finish();
+    test::drainEvents();
+    EXPECT_THAT(provider_->calls,
+                ElementsAre("pairs", "quotes", "subscribe BTC ETH", "snapshot BTC ETH"));
+    EXPECT_THAT(model_->availableSymbols(), ElementsAre(btc));
+    EXPECT_EQ(model_->loadError(), std::nullopt);
+    test::runTask(model_->start());
+    EXPECT_EQ(provider_->calls.size(), 4u) << "started twice";
+}
+
+TEST_F(Model, SubscribesAndSaysSoWhenTheListCannotBeLoaded) {
+    make();
+    provider_->snapshotQuotes.reset();
+    start(false);
+    provider_->pairs.setException(std::make_exception_ptr(std::runtime_error("offline")));
+    provider_->pairs.finish();
+    test::drainEvents();
+    EXPECT_EQ(model_->loadError(),
+              QStringLiteral("Couldn't load coin list — search is unavailable"));
+    EXPECT_EQ(provider_->calls.back(), "snapshot BTC ETH");
+    push(5);
+    EXPECT_NE(model_->quotes().quote(btc), nullptr) << "the stream goes on without a snapshot";
+}
+
+TEST_F(Model, ShowsQuotesOfSnapshotAndStreamWithinASecondAndTellsOnlyOfChanges) {
+    make();
+    provider_->snapshotQuotes = {quote(7)};
+    start();
+    QSignalSpy spy(model_.get(), &AppModel::statusBarSegmentsChanged);
+    clock_.advance(1s);
+    EXPECT_EQ(text(), "BTC 7.0000 +1.00%");
+    clock_.advance(2s);
+    EXPECT_EQ(spy.count(), 1);
+    push(8);
+    clock_.advance(500ms);
+    push(9);
+    clock_.advance(500ms);
+    EXPECT_EQ(text(), "BTC 9.0000 +1.00%");
+    EXPECT_EQ(spy.count(), 2);
+}
+
+TEST_F(Model, RotatesByTimeAndBeginsAnewWithNewSettings) {
+    make();
+    start();
+    EXPECT_EQ(text(), "BTC");
+    clock_.advance(5s);
+    EXPECT_EQ(text(), "ETH");
+    DisplaySettings display;
+    display.setRotationInterval(platform::TimeInterval(2));
+    settings_.setDisplay(display);
+    clock_.advance(1s);
+    EXPECT_EQ(text(), "BTC");
+    clock_.advance(2s);
+    EXPECT_EQ(text(), "ETH");
+    clock_.setNow(clock_.now() - 1h);
+    clock_.advance(1s);
+    EXPECT_EQ(text(), "BTC");
+    clock_.advance(2s);
+    EXPECT_EQ(text(), "ETH") << "a clock set back stopped the rotation";
+}
+
+TEST_F(Model, MarksQuotesStaleAfterFifteenSecondsOfSilence) {
+    make();
+    start();
+    clock_.advance(1h);
+    EXPECT_FALSE(model_->quotes().isStale()) << "there is no quote yet";
+    push(1); // a pass of the watchdog is 0, 5, 10, 15, 20 seconds away
+    clock_.advance(15s);
+    EXPECT_FALSE(model_->quotes().isStale()) << "15 seconds are not more than 15";
+    clock_.advance(5s);
+    EXPECT_TRUE(model_->quotes().isStale());
+    push(2);
+    EXPECT_FALSE(model_->quotes().isStale());
+}
+
+TEST_F(Model, MarksQuotesStaleAlsoWhenTheClockWasSetBack) {
+    make();
+    start();
+    push(1);
+    clock_.setNow(clock_.now() - 1h);
+    clock_.advance(20s);
+    EXPECT_TRUE(model_->quotes().isStale());
+}
+
+TEST_F(Model, MarksNothingStaleWithoutPairs) {
+    make("[]");
+    start();
+    push(1);
+    clock_.advance(1h);
+    EXPECT_FALSE(model_->quotes().isStale());
+    EXPECT_THAT(provider_->calls, ElementsAre("pairs", "quotes", "subscribe"));
+    EXPECT_TRUE(model_->statusBarSegments().empty());
+}
+
+TEST_F(Model, StopsEverythingItStartedAndMayStartAgain) {
+    make();
+    start();
+    test::runTask(model_->stop());
+    EXPECT_EQ(provider_->calls.back(), "stop");
+    EXPECT_EQ(clock_.timerCount(), 0u);
+    EXPECT_FALSE(provider_->push(quote(1)));
+    provider_->calls.clear();
+    startTask_ = platform::startTask(model_->start());
+    test::drainEvents();
+    EXPECT_EQ(clock_.timerCount(), 2u);
+    EXPECT_THAT(provider_->calls, testing::Contains("quotes"));
+}
+
+TEST_F(Model, KeepsTheWatchlistInTheTemporaryDirectoryWhereItsPlaceCannotBeHad) {
+    platform::FileManager::writeAtomically("in the way",
+                                           directory_.filePath(QStringLiteral("share")));
+    makeFromFiles();
+    EXPECT_TRUE(model_->watchlist().items().empty());
+    model_->watchlist().add(btc);
+    EXPECT_EQ(model_->watchlist().lastPersistError(), std::nullopt);
+    EXPECT_TRUE(platform::FileManager::contents(
+        directory_.filePath(QStringLiteral("tmp/quorvel-watchlist.json"))));
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Platform/Async/FutureAwaiter.h"
+#include "QuorvelKit/MarketData/MarketDataProvider.h"
+
+#include <QPromise>
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace test {
+
+/// Market data as a test wants it: notes every call, and answers with what was put into it.
+class ScriptedProvider final : public quorvel::MarketDataProvider {
+public:
+    /// Every call in order, such as "pairs", "subscribe BTC ETH", "snapshot BTC".
+    std::vector<std::string> calls;
+    /// What a snapshot brings; a failure where absent.
+    std::optional<std::vector<quorvel::Quote>> snapshotQuotes = std::vector<quorvel::Quote>();
+    /// Finished by the test: with pairs, or with an exception.
+    QPromise<std::vector<quorvel::Symbol>> pairs;
+
+    ScriptedProvider() { pairs.start(); }
+
+    /// False when nobody takes quotes.
+    bool push(const quorvel::Quote& quote) const { return writer_.push(quote); }
+
+    platform::Task<std::vector<quorvel::Quote>>
+    snapshot(std::vector<quorvel::Symbol> symbols) override {
+        note("snapshot", symbols);
+        if (!snapshotQuotes)
+            throw std::runtime_error("no snapshot");
+        co_return *snapshotQuotes;
+    }
+
+    platform::Task<std::vector<quorvel::Symbol>> availableSymbols() override {
+        calls.emplace_back("pairs");
+        co_return co_await pairs.future();
+    }
+
+    platform::Task<std::vector<quorvel::Candle>> candles(quorvel::Symbol,
+                                                         quorvel::ChartPeriod) override {
+        throw std::logic_error("nobody asks for candles");
+        co_return std::vector<quorvel::Candle>();
+    }
+
+    platform::Task<platform::AsyncStream<quorvel::Quote>> quotes() override {
+        calls.emplace_back("quotes");
+        auto [stream, writer] = platform::AsyncStream<quorvel::Quote>::make();
+        writer_ = std::move(writer);
+        co_return std::move(stream);
+    }
+
+    platform::Task<> updateSubscriptions(quorvel::SymbolSet symbols) override {
+        note("subscribe", symbols);
+        co_return;
+    }
+
+    platform::Task<> stop() override {
+        calls.emplace_back("stop");
+        writer_.finish();
+        co_return;
+    }
+
+private:
+    void note(std::string call, const auto& symbols) {
+        for (const auto& symbol : symbols)
+            call += " " + symbol.base;
+        calls.push_back(std::move(call));
+    }
+
+    platform::AsyncStreamWriter<quorvel::Quote> writer_;
+};
+
+} // namespace test
