@@ -41,7 +41,7 @@ void tickerDOMParse(benchmark::State& state) {
         benchmark::DoNotOptimize(document);
     }
 }
-BENCHMARK(tickerDOMParse);
+BENCHMARK(tickerDOMParse)->Name("tickerToQuote/reference");
 
 void tickerToQuote(benchmark::State& state) {
     const QByteArray frame = QByteArray::fromStdString(tickerFrame);
@@ -52,7 +52,7 @@ void tickerToQuote(benchmark::State& state) {
         benchmark::DoNotOptimize(message);
     }
 }
-BENCHMARK(tickerToQuote);
+BENCHMARK(tickerToQuote)->Name("tickerToQuote/subject");
 
 void tickerStrictPass(benchmark::State& state) {
     for (auto _ : state)
@@ -143,7 +143,7 @@ void exchangeOnDemandParse(benchmark::State& state) {
         benchmark::DoNotOptimize(visitAll(root));
     }
 }
-BENCHMARK(exchangeOnDemandParse)->Unit(benchmark::kMillisecond);
+BENCHMARK(exchangeOnDemandParse)->Name("exchangeToPairs/reference")->Unit(benchmark::kMillisecond);
 
 struct Entry {
     std::optional<std::string_view> symbol;
@@ -185,6 +185,6 @@ void exchangeToPairs(benchmark::State& state) {
         require(pairs.size() > 1000);
     }
 }
-BENCHMARK(exchangeToPairs)->Unit(benchmark::kMillisecond);
+BENCHMARK(exchangeToPairs)->Name("exchangeToPairs/subject")->Unit(benchmark::kMillisecond);
 
 } // namespace
