@@ -37,7 +37,7 @@ QString StatusItemIconFile::pathOf(const QImage& image, const QString& directory
                                    const QString& prefix) {
     const QByteArray content = pngOf(image);
     const QDir folder(directory);
-    const QString path = folder.absoluteFilePath(fileName(content, prefix));
+    QString path = folder.absoluteFilePath(fileName(content, prefix));
     if (QFileInfo(path).size() == content.size())
         return path;
     return folder.mkpath(QStringLiteral(".")) && write(content, path) ? path : QString();

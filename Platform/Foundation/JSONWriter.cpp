@@ -78,7 +78,7 @@ JSONWriter& JSONWriter::number(double value) {
     if (!std::isfinite(value))
         throw std::invalid_argument("A number that is not finite has no JSON form.");
     // The longest are the smallest denormals: 1074 places and what stands before them.
-    std::array<char, 1100> buffer;
+    std::array<char, 1100> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                       std::chars_format::fixed);
     return raw({buffer.data(), result.ptr});

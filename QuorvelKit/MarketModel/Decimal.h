@@ -30,7 +30,7 @@ public:
 
     /// Zero.
     constexpr Decimal() = default;
-    Decimal(std::int64_t value);
+    Decimal(std::int64_t value); // NOLINT(google-explicit-constructor): a whole number is a decimal
 
     /// Parses a number received as text: blanks and tabs around it are trimmed, the rest must match
     /// `-?\d+(\.\d+)?([eE][-+]?\d+)?` as a whole, in ASCII digits.
