@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -58,6 +59,18 @@ std::optional<QByteArray> FileManager::contents(const QString& path) {
     if (file.error() != QFileDevice::NoError)
         return std::nullopt;
     return data;
+}
+
+bool FileManager::isMissing(const QString& path) {
+    struct stat status{};
+    return ::lstat(QFile::encodeName(path).constData(), &status) != 0 &&
+           (errno == ENOENT || errno == ENOTDIR);
+}
+
+void FileManager::rename(const QString& from, const QString& to) {
+    if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
+        throw FileError(qt_error_string(errno));
+    synchronizeDirectory(QFileInfo(to).path());
 }
 
 void FileManager::writeAtomically(const QByteArray& data, const QString& path) {

@@ -36,6 +36,13 @@ public:
     /// The whole content; absent where there is no such file or it cannot be read.
     static std::optional<QByteArray> contents(const QString& path);
 
+    /// Whether there certainly is nothing with this name. A dangling link is something.
+    static bool isMissing(const QString& path);
+
+    /// Gives a file another name in the same directory; replaces a file that has it.
+    /// @throws FileError, with both as they were
+    static void rename(const QString& from, const QString& to);
+
     /// Replaces the file by one with this content, or leaves it untouched and throws. What is there
     /// after a crash or a power cut is the old file or the new one, whole. Makes the directory anew
     /// where it has gone.

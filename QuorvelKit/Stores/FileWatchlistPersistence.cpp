@@ -1,30 +1,25 @@
 #include "QuorvelKit/Stores/FileWatchlistPersistence.h"
 
-#include "Platform/Foundation/FailableDecodable.h"
-#include "Platform/Foundation/JSONReader.h"
-#include "Platform/Foundation/JSONWriter.h"
+#include "Platform/Foundation/StoredArray.h"
 
 #include <utility>
 
 namespace quorvel {
 
-using platform::DecodingError;
 using platform::FileManager;
-using platform::JSONValue;
 
 namespace {
 
-/// The elements of an array that decode; none where the document is no array, or not JSON at all.
-template <typename Element>
-std::vector<Element> decodeElements(const QByteArray& data) {
-    try {
-        return platform::decodeJSON(
-            {data.data(), static_cast<std::size_t>(data.size())}, [](JSONValue root) {
-                return platform::decodeEachElement<Element>(root, &Element::decode);
-            });
-    } catch (const DecodingError&) {
-        return {};
-    }
+/// Reads the items, or where there is none the pairs of the older form.
+platform::StoredArray<WatchlistItem> decodeItems(const QByteArray& data) {
+    auto stored = platform::decodeStoredArray<WatchlistItem>(data, &WatchlistItem::decode);
+    if (!stored.elements.empty())
+        return stored;
+    auto older = platform::decodeStoredArray<Symbol>(data, &Symbol::decode);
+    for (Symbol& symbol : older.elements)
+        stored.elements.push_back({std::move(symbol), false});
+    stored.isComplete = older.isComplete;
+    return stored;
 }
 
 } // namespace
@@ -40,24 +35,16 @@ QString FileWatchlistPersistence::temporaryLocation(const FileManager& files) {
 }
 
 std::vector<WatchlistItem> FileWatchlistPersistence::load() {
-    const auto data = FileManager::contents(fileURL_);
-    if (!data)
-        return {};
-    auto items = decodeElements<WatchlistItem>(*data);
-    if (!items.empty())
-        return items;
-    for (Symbol& symbol : decodeElements<Symbol>(*data))
-        items.push_back({std::move(symbol), false});
-    return items;
+    const auto data = file_.read();
+    auto stored = data ? decodeItems(*data) : platform::StoredArray<WatchlistItem>{{}, true};
+    if (!stored.isComplete)
+        file_.keepOnNextWrite();
+    lostEntries_ = file_.isToBeKept();
+    return std::move(stored.elements);
 }
 
 void FileWatchlistPersistence::save(const std::vector<WatchlistItem>& items) {
-    platform::JSONWriter writer;
-    writer.beginArray();
-    for (const WatchlistItem& item : items)
-        item.encode(writer);
-    writer.endArray();
-    FileManager::writeAtomically(QByteArray::fromStdString(writer.text()), fileURL_);
+    file_.write(platform::encodeArray(items));
 }
 
 } // namespace quorvel

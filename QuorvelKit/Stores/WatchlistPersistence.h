@@ -19,6 +19,9 @@ public:
 
     /// Replaces the stored list. @throws std::exception where that fails
     virtual void save(const std::vector<WatchlistItem>& items) = 0;
+
+    /// Whether the last `load` gave less than is stored, because part of it could not be read.
+    virtual bool lostEntries() const { return false; }
 };
 
 } // namespace quorvel

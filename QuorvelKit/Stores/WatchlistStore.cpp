@@ -12,6 +12,7 @@ WatchlistStore::WatchlistStore(std::unique_ptr<WatchlistPersistence> persistence
     : persistence_(std::move(persistence)) {
     try {
         items_ = persistence_->load();
+        isLoadComplete_ = !persistence_->lostEntries();
     } catch (const std::exception&) {
         items_.clear();
     }

@@ -29,6 +29,9 @@ public:
     /// In display order.
     const std::vector<WatchlistItem>& items() const { return items_; }
 
+    /// Whether all that was stored could be loaded; false where pairs of the user's may be missing.
+    bool isLoadComplete() const { return isLoadComplete_; }
+
     /// Why the last save failed, for the user; absent after one that did not.
     const std::optional<QString>& lastPersistError() const { return lastPersistError_; }
 
@@ -73,6 +76,7 @@ private:
     void setLastPersistError(std::optional<QString> error);
 
     std::vector<WatchlistItem> items_;
+    bool isLoadComplete_ = false;
     std::optional<QString> lastPersistError_;
     std::unique_ptr<WatchlistPersistence> persistence_;
 };
