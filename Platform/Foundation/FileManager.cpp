@@ -77,7 +77,9 @@ void FileManager::writeAtomically(const QByteArray& data, const QString& path) {
     const QString directory = QFileInfo(path).path();
     createDirectory(directory);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit())
+    // What is small waits in a buffer, and commit() takes no notice of a failure to empty it.
+    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.flush() ||
+        !file.commit())
         throw FileError(file.errorString());
     synchronizeDirectory(directory);
 }

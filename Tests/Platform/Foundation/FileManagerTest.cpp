@@ -1,39 +1,18 @@
 #include "Platform/Foundation/FileManager.h"
 
+#include "Tests/Support/FullDisk.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
-
 using platform::FileError;
 using platform::FileManager;
+using test::FullDisk;
 
 namespace {
-
-/// Lets no file of this process grow beyond a size while it lives: what a full disk looks like.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        signalBefore_ = ::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limited{bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        ::signal(SIGXFSZ, signalBefore_);
-    }
-
-private:
-    rlimit before_{};
-    sighandler_t signalBefore_ = nullptr;
-};
 
 class FileManagerTest : public testing::Test {
 protected:
@@ -53,9 +32,9 @@ TEST_F(FileManagerTest, WritesAFileAndTheDirectoriesAboveIt) {
 
 TEST_F(FileManagerTest, LeavesTheOldFileWhenTheDiskIsFull) {
     FileManager::writeAtomically("kept", path_);
-    {
+    for (const int size : {1001, 100'000}) {
         const FullDisk full(1000);
-        EXPECT_THROW(FileManager::writeAtomically(QByteArray(100'000, 'x'), path_), FileError);
+        EXPECT_THROW(FileManager::writeAtomically(QByteArray(size, 'x'), path_), FileError);
     }
     EXPECT_EQ(FileManager::contents(path_), QByteArray("kept"));
     EXPECT_EQ(
