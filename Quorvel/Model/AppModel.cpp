@@ -43,14 +43,21 @@ AppModel::~AppModel() = default;
 Task<> AppModel::start() {
     if (streamTask_)
         co_return;
+    // A task of the model's own, so that `stop` can end it.
+    startUpTask_ = platform::startTask(loadAndSubscribe());
     streamTask_ = platform::startTask(consumeQuotes());
     watchdog_ = platform::startTask(watchStaleness());
     statusBarTicker_ = platform::startTask(tickStatusBar());
+    co_await startUpTask_.finished();
+}
+
+Task<> AppModel::loadAndSubscribe() {
     co_await loadAvailableSymbols();
     co_await refreshSubscriptions();
 }
 
 Task<> AppModel::stop() {
+    startUpTask_ = {};
     watchdog_ = {};
     statusBarTicker_ = {};
     streamTask_ = {};

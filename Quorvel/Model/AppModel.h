@@ -57,7 +57,8 @@ public:
     /// a first snapshot of them. Once, until `stop`.
     platform::Task<> start();
 
-    /// Ends what `start` began; the stream's connection has been closed in order when it returns.
+    /// Ends what `start` began, and `start` itself where it is still under way; the stream's
+    /// connection has been closed in order when it returns.
     platform::Task<> stop();
 
     platform::Task<> loadAvailableSymbols();
@@ -77,6 +78,7 @@ Q_SIGNALS:
     void statusBarSegmentsChanged();
 
 private:
+    platform::Task<> loadAndSubscribe();
     platform::Task<> consumeQuotes();
     platform::Task<> watchStaleness();
     platform::Task<> tickStatusBar();
@@ -101,6 +103,7 @@ private:
     platform::TaskHandle streamTask_;
     platform::TaskHandle watchdog_;
     platform::TaskHandle statusBarTicker_;
+    platform::TaskHandle startUpTask_;
 };
 
 } // namespace quorvel

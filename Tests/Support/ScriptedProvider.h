@@ -22,6 +22,9 @@ public:
     /// Finished by the test: with pairs, or with an exception.
     QPromise<std::vector<quorvel::Symbol>> pairs;
 
+    /// While set, a snapshot waits for the test to finish this.
+    std::optional<QPromise<void>> heldSnapshot;
+
     ScriptedProvider() { pairs.start(); }
 
     /// False when nobody takes quotes.
@@ -30,6 +33,8 @@ public:
     platform::Task<std::vector<quorvel::Quote>>
     snapshot(std::vector<quorvel::Symbol> symbols) override {
         note("snapshot", symbols);
+        if (heldSnapshot)
+            co_await heldSnapshot->future();
         if (!snapshotQuotes)
             throw std::runtime_error("no snapshot");
         co_return *snapshotQuotes;
