@@ -28,7 +28,7 @@ protected:
     inline static const QByteArray bitcoinStream = "/stream?streams=btcusdt@ticker";
 
     QJsonObject control(const char* name, const QByteArray& json = "{}") {
-        return simulator.control(QString::fromLatin1(name), object(json));
+        return simulator.control(name, json);
     }
     RawClient::Answer get(const QByteArray& target) {
         return RawClient(simulator.port()).get(target);
@@ -41,6 +41,17 @@ protected:
         auto client = std::make_unique<RawClient>(simulator.port());
         EXPECT_TRUE(client->handshake(target).startsWith("HTTP/1.1 101 "));
         return client;
+    }
+
+    /// The next frame that the client gets; the test fails where none comes.
+    static RawClient::Frame next(RawClient& client) {
+        const std::optional<RawClient::Frame> frame = client.nextFrame();
+        EXPECT_TRUE(frame);
+        return frame.value_or(RawClient::Frame());
+    }
+    /// The event that the next frame carries.
+    static QJsonObject nextEvent(RawClient& client) {
+        return object(next(client).payload)[u"data"].toObject();
     }
 
     SimulatorProcess simulator;

@@ -1,3 +1,4 @@
+#include "Tests/Support/Cases.h"
 #include "Tests/Tools/ExchangeSimulatorFixture.h"
 
 #include <set>
@@ -45,28 +46,22 @@ TEST_F(ExchangeSimulatorRest, CandlesRunUpToNow) {
     EXPECT_EQ(text(rows.last()[4]), u"1234.5");
 }
 
-struct Failure {
-    const char* target;
-    int status;
-    int code;
-};
-
 TEST_F(ExchangeSimulatorRest, RefusesWhatTheExchangeRefuses) {
-    for (const auto& [target, status, code] : {
-             Failure{"/api/v3/ticker/24hr?symbols=[\"BTCUSDT\",\"NOPE\"]", 400, -1121},
-             Failure{"/api/v3/ticker/24hr?symbols=[\"btcusdt\"]", 400, -1121},
-             Failure{"/api/v3/ticker/24hr?symbols=[1]", 400, -1102},
-             Failure{"/api/v3/ticker/24hr", 400, -1102},
-             Failure{"/api/v3/klines?symbol=NOPE&interval=1h", 400, -1121},
-             Failure{"/api/v3/klines?symbol=BTCUSDT&interval=1x", 400, -1120},
-             Failure{"/api/v3/klines?symbol=BTCUSDT", 400, -1102},
-             Failure{"/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=x", 400, -1100},
-             Failure{"/api/v3/nothing", 404, 0},
-         }) {
-        const RawClient::Answer answer = get(target);
-        EXPECT_EQ(answer.status, status) << target;
+    const std::pair<const char*, int> failures[] = {
+        {"ticker/24hr?symbols=[\"BTCUSDT\",\"NOPE\"]", -1121},
+        {"ticker/24hr?symbols=[\"btcusdt\"]", -1121},
+        {"ticker/24hr?symbols=[1]", -1102},
+        {"ticker/24hr", -1102},
+        {"klines?symbol=NOPE&interval=1h", -1121},
+        {"klines?symbol=BTCUSDT&interval=1x", -1120},
+        {"klines?symbol=BTCUSDT", -1102},
+        {"klines?symbol=BTCUSDT&interval=1h&limit=x", -1100}};
+    for (const auto& [target, code] : failures) {
+        const RawClient::Answer answer = get(QByteArray("/api/v3/") + target);
+        EXPECT_EQ(answer.status, 400) << target;
         EXPECT_EQ(object(answer.body)[u"code"].toInt(), code) << target;
     }
+    EXPECT_EQ(get("/api/v3/nothing").status, 404);
 }
 
 TEST_F(ExchangeSimulatorRest, OverridesAnswersUntilTheCountIsUsedUp) {
@@ -107,17 +102,14 @@ TEST_F(ExchangeSimulatorRest, CountsRequestsInFlight) {
 }
 
 TEST_F(ExchangeSimulatorRest, SurvivesMalformedHTTP) {
-    for (const QByteArray& bytes :
-         {QByteArray("\r\n\r\n"), QByteArray("GET\r\n\r\n"), QByteArray("GET / HTTP/2\r\n\r\n"),
-          QByteArray("GET x HTTP/1.1\r\n\r\n"), QByteArray("GET / HTTP/1.1\r\nno colon\r\n\r\n"),
-          QByteArray("POST / HTTP/1.1\r\nContent-Length: -1\r\n\r\n"),
-          QByteArray("POST / HTTP/1.1\r\nContent-Length: 99999999999999999999\r\n\r\n"),
-          QByteArray("POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"),
-          QByteArray(256 * 1024 + 1, 'x'),
-          QByteArray("POST /control/push HTTP/1.1\r\nConnection: close\r\n"
-                     "Content-Length: 3\r\n\r\n{[}")})
-        EXPECT_EQ(RawClient(simulator.port()).exchange(bytes).status, 400)
-            << bytes.left(60).toStdString();
+    for (const QByteArray& bytes : cases(
+             "\r\n\r\n", "GET\r\n\r\n", "GET / HTTP/2\r\n\r\n", "GET x HTTP/1.1\r\n\r\n",
+             "GET / HTTP/1.1\r\nno colon\r\n\r\n", "POST / HTTP/1.1\r\nContent-Length: -1\r\n\r\n",
+             "POST / HTTP/1.1\r\nContent-Length: 99999999999999999999\r\n\r\n",
+             "POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n",
+             "POST /control/push HTTP/1.1\r\nConnection: close\r\nContent-Length: 3\r\n\r\n{[}"))
+        EXPECT_EQ(RawClient(simulator.port()).exchange(bytes).status, 400) << bytes.toStdString();
+    EXPECT_EQ(RawClient(simulator.port()).exchange(QByteArray(256 * 1024 + 1, 'x')).status, 400);
     EXPECT_EQ(RawClient(simulator.port()).handshake("/stream").left(12), "HTTP/1.1 101");
     EXPECT_EQ(get("/stream?streams=x").status, 400);
 }
