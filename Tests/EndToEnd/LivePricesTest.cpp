@@ -3,6 +3,7 @@
 
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QDeadlineTimer>
 #include <QFile>
 
 #include <csignal>
@@ -33,46 +34,25 @@ TEST_P(EachModeAndContent, ShowsAPushedPriceWithinASecondAndAHalf) {
     EXPECT_EQ(toolTip(), GetParam().after);
 }
 
+// One of each; every pair of them is the presenter's business.
 INSTANTIATE_TEST_SUITE_P(
     LivePrices, EachModeAndContent,
     testing::Values(Shown{"rotating", "priceOnly", "BTC 65,432.10 ▲", "BTC 1000.0000 ▼"},
-                    Shown{"rotating", "changeOnly", "BTC +1.23% ▲", "BTC 0.00% ▼"},
-                    Shown{"rotating", "both", "BTC 65,432.10 +1.23% ▲", "BTC 1000.0000 0.00% ▼"},
-                    Shown{"sideBySide", "priceOnly", "BTC 65,432.10 ▲  ETH 0.00001234 ▼",
-                          "BTC 1000.0000 ▼  ETH 0.00001234 ▼"},
-                    Shown{"sideBySide", "changeOnly", "BTC +1.23% ▲  ETH -0.50% ▼",
-                          "BTC 0.00% ▼  ETH -0.50% ▼"},
                     Shown{"sideBySide", "both", "BTC 65,432.10 +1.23% ▲  ETH 0.00001234 -0.50% ▼",
                           "BTC 1000.0000 0.00% ▼  ETH 0.00001234 -0.50% ▼"},
-                    Shown{"fixed", "priceOnly", "BTC 65,432.10 ▲", "BTC 1000.0000 ▼"},
-                    Shown{"fixed", "changeOnly", "BTC +1.23% ▲", "BTC 0.00% ▼"},
-                    Shown{"fixed", "both", "BTC 65,432.10 +1.23% ▲", "BTC 1000.0000 0.00% ▼"}),
-    [](const auto& info) { return std::string(info.param.mode) + "_" + info.param.content; });
+                    Shown{"fixed", "changeOnly", "BTC +1.23% ▲", "BTC 0.00% ▼"}),
+    [](const auto& info) { return info.param.mode; });
 
 class LivePrices : public test::LiveSession {
 protected:
-    QDBusMessage menu(const QString& member, const QVariantList& arguments) {
-        return panel_.call(quorvel_.itemService(), QStringLiteral("/MenuBar"),
-                           QStringLiteral("com.canonical.dbusmenu"), member, arguments);
-    }
-
     /// Chooses an entry of the menu by its place, counted from 1.
     void choose(int id) {
-        menu(QStringLiteral("Event"),
-             {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(QString())), 0u});
+        panel_.call(
+            quorvel_.itemService(), QStringLiteral("/MenuBar"),
+            QStringLiteral("com.canonical.dbusmenu"), QStringLiteral("Event"),
+            {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(QString())), 0u});
     }
 };
-
-TEST_F(LivePrices, RotateThroughThePinnedPairs) {
-    quorvel_.setPreference(QStringLiteral("display.rotationInterval"), QStringLiteral("1"));
-    quorvel_.setPreference(QStringLiteral("display.showsDirectionArrow"), QStringLiteral("false"));
-    start();
-    const std::string btc = "BTC 65,432.10 +1.23%";
-    const std::string eth = "ETH 0.00001234 -0.50%";
-    EXPECT_TRUE(showsLabel(btc, 10s));
-    EXPECT_TRUE(showsLabel(eth, 3s));
-    EXPECT_TRUE(showsLabel(btc, 3s));
-}
 
 TEST_F(LivePrices, LeaveOnlyTheIconWithoutAnyPair) {
     quorvel_.writeWatchlist(R"([{"symbol":{"base":"btc","quote":"USDT"}},7])");
@@ -91,25 +71,12 @@ TEST_F(LivePrices, ComeBackWithinThreeSecondsWhenTheExchangeDoes) {
     simulator_.kill();
     test::waitUntil([] { return false; }, 2500ms);
     simulator_.restartOnSamePort();
-    QElapsedTimer timer;
-    timer.start();
+    const QDeadlineTimer deadline(3s);
     ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }, 3s));
     push("BTCUSDT", "70000", "8");
     EXPECT_TRUE(
-        showsLabel("BTC 70,000.00 +8.00% ▲", 3000ms - std::chrono::milliseconds(timer.elapsed())));
+        showsLabel("BTC 70,000.00 +8.00% ▲", std::chrono::milliseconds(deadline.remainingTime())));
     EXPECT_EQ(simulator_.details(QStringLiteral("streamOpened")).size(), 1);
-}
-
-TEST_F(LivePrices, AppearInAPanelThatComesLateAndAgainWhenItRestarts) {
-    watcher_.reset();
-    quorvel_.start();
-    ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
-    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
-    ASSERT_TRUE(test::waitUntil([this] { return isRegistered(); }));
-    EXPECT_TRUE(showsPrices());
-    watcher_.reset();
-    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
-    EXPECT_TRUE(test::waitUntil([this] { return isRegistered(); }));
 }
 
 TEST_F(LivePrices, SurviveTheSessionBus) {
@@ -129,7 +96,7 @@ TEST_P(EachEnd, ClosesTheStreamInOrderAndGivesZero) {
     start();
     ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
     ASSERT_TRUE(showsPrices());
-    simulator_.control(QStringLiteral("walk"), {{QStringLiteral("running"), true}});
+    simulator_.control("walk", R"({"running":true})");
     constexpr int quitEntry = 4; // behind Open, Settings… and the separator
     if (GetParam() == 0)
         choose(quitEntry);
@@ -147,9 +114,7 @@ INSTANTIATE_TEST_SUITE_P(LivePrices, EachEnd, testing::Values(0, SIGTERM, SIGINT
                          });
 
 TEST_F(LivePrices, EndAlsoWhileTheExchangeDoesNotAnswer) {
-    simulator_.control(QStringLiteral("rest"),
-                       {{QStringLiteral("path"), QStringLiteral("/api/v3/exchangeInfo")},
-                        {QStringLiteral("hang"), true}});
+    simulator_.control("rest", R"({"path":"/api/v3/exchangeInfo","hang":true})");
     start();
     simulator_.waitForDetails(QStringLiteral("request"));
     EXPECT_TRUE(showsLabel("BTC", 3s)) << "a pair without a price shows its name alone";

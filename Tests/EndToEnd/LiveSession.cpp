@@ -5,7 +5,6 @@
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QJsonArray>
 
 namespace test {
 
@@ -32,10 +31,8 @@ void LiveSession::start() {
 }
 
 void LiveSession::push(const char* symbol, const char* price, const char* change) const {
-    simulator_.control(QStringLiteral("push"),
-                       {{QStringLiteral("symbol"), QString::fromUtf8(symbol)},
-                        {QStringLiteral("price"), QString::fromUtf8(price)},
-                        {QStringLiteral("change"), QString::fromUtf8(change)}});
+    simulator_.control("push", QByteArray(R"({"symbol":")") + symbol + R"(","price":")" + price +
+                                   R"(","change":")" + change + "\"}");
 }
 
 QVariant LiveSession::property(const QString& name) {
@@ -79,17 +76,6 @@ bool LiveSession::showsPrices() {
 
 bool LiveSession::isRegistered() const {
     return watcher_ && watcher_->registered().contains(quorvel_.itemService());
-}
-
-qsizetype LiveSession::connectionCount() const {
-    return simulator_.state()[u"connections"].toArray().size();
-}
-
-std::optional<int> LiveSession::closeCode() const {
-    const auto closed = simulator_.waitForDetails(QStringLiteral("streamClosed"));
-    if (closed.isEmpty() || !closed.last()[u"code"].isDouble())
-        return std::nullopt;
-    return closed.last()[u"code"].toInt();
 }
 
 } // namespace test

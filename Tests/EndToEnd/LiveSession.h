@@ -46,10 +46,10 @@ protected:
     bool showsPrices();
 
     bool isRegistered() const;
-    qsizetype connectionCount() const;
+    qsizetype connectionCount() const { return simulator_.connectionCount(); }
 
     /// The code of the last close frame that the exchange got from the program; absent without one.
-    std::optional<int> closeCode() const;
+    std::optional<int> closeCode() const { return simulator_.closeCode(); }
 
     SimulatorProcess simulator_;
     PrivateBus bus_;

@@ -114,6 +114,13 @@ QList<QJsonObject> SimulatorProcess::waitForDetails(const QString& kind, qsizety
     return found;
 }
 
+std::optional<int> SimulatorProcess::closeCode() const {
+    const auto closed = waitForDetails(QStringLiteral("streamClosed"));
+    if (closed.isEmpty() || !closed.last()[u"code"].isDouble())
+        return std::nullopt;
+    return closed.last()[u"code"].toInt();
+}
+
 int SimulatorProcess::stop() {
     process_.sendSignal(SIGTERM);
     const auto status = process_.waitForEnd(patience);

@@ -8,6 +8,7 @@
 #include <QUrl>
 
 #include <chrono>
+#include <optional>
 
 namespace test {
 
@@ -51,6 +52,13 @@ public:
                    std::chrono::milliseconds timeout = std::chrono::seconds(5)) const;
 
     QJsonObject state() const { return control(QStringLiteral("state")); }
+
+    /// How many stream connections are open.
+    qsizetype connectionCount() const { return state()[u"connectionCount"].toInt(); }
+
+    /// The code with which the latest stream connection was closed, waiting for the first of them;
+    /// absent where there is none or it went without.
+    std::optional<int> closeCode() const;
 
     /// Ends it by SIGTERM and gives its exit status.
     int stop();

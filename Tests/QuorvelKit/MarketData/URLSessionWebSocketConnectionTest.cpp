@@ -27,16 +27,12 @@ protected:
     /// Connects and waits until both sides have seen the end of the handshake.
     void open() {
         connect();
-        ASSERT_TRUE(waitUntil([&] { return openConnections() == 1; }));
+        ASSERT_TRUE(waitUntil([&] { return simulator_.connectionCount() == 1; }));
         simulator_.control("frame", R"({"text":"hello"})");
         ASSERT_EQ(receive(), QByteArray("hello"));
     }
 
     QByteArray receive() { return runTask(connection_.receive()); }
-
-    qsizetype openConnections() const {
-        return simulator_.state()[u"connections"].toArray().size();
-    }
 
     /// What a call fails with.
     std::optional<Code> errorCode(auto task) {
@@ -67,12 +63,6 @@ protected:
         for (const QJsonObject& detail : simulator_.details(QStringLiteral("text")))
             texts.push_back(detail[u"text"].toString().toStdString());
         return texts;
-    }
-
-    /// The code with which the simulator has seen its only connection so far closed.
-    int closeCode() const {
-        const auto closed = simulator_.waitForDetails(QStringLiteral("streamClosed"));
-        return closed.size() == 1 ? closed[0][u"code"].toInt() : -1;
     }
 
     SimulatorProcess simulator_;
@@ -124,16 +114,16 @@ TEST_F(Connection, ClosesAsOneThatGoesAwayAndFailsAPendingReceive) {
     runTask(connection_.close());
     EXPECT_THROW(receiving.result(), URLError);
     runTask(session_.finishClosing(platform::TimeInterval(2)));
-    EXPECT_EQ(closeCode(), 1001);
+    EXPECT_EQ(simulator_.closeCode(), 1001);
 }
 
 TEST_F(Connection, HasOneOpenTaskAfterConnectingTwice) {
     open();
     connect();
-    EXPECT_EQ(closeCode(), 1001);
+    EXPECT_EQ(simulator_.closeCode(), 1001);
     EXPECT_TRUE(waitUntil([&] {
         return simulator_.details(QStringLiteral("streamOpened")).size() == 2 &&
-               openConnections() == 1;
+               simulator_.connectionCount() == 1;
     }));
 }
 
