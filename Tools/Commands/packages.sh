@@ -7,11 +7,11 @@ packages_build=(
     cmake ninja-build clang-19 lld-19
     qt6-base-dev qt6-websockets-dev libsimdjson-dev
 )
-packages_test=(libgtest-dev libgmock-dev dbus-daemon python3-dbusmock)
+packages_test=(libgtest-dev libgmock-dev dbus-daemon python3-dbusmock xvfb dunst)
 packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)
 packages_desktop=(
     xvfb dbus-daemon openbox picom xdotool imagemagick x11-utils
-    mate-panel mate-indicator-applet ayatana-indicator-application
+    mate-panel mate-indicator-applet ayatana-indicator-application dunst
     adwaita-icon-theme fonts-dejavu-core
 )
 packages_bench=(libbenchmark-dev python3)
