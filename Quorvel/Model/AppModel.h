@@ -1,8 +1,11 @@
 #pragma once
 
 #include "Platform/Async/TaskHandle.h"
+#include "Platform/Async/TaskScope.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
+#include "QuorvelKit/Alerts/AlertStore.h"
+#include "QuorvelKit/Alerts/NotificationCoordinator.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 #include "QuorvelKit/StatusBar/StatusBarSegment.h"
 #include "QuorvelKit/Stores/QuoteStore.h"
@@ -11,7 +14,9 @@
 
 #include <QObject>
 #include <QString>
+#include <QUuid>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -34,21 +39,43 @@ public:
     /// How often the status bar's texts are computed.
     static constexpr platform::TimeInterval tickerPeriod{1};
 
-    /// Loads the watchlist: from its standard place, or, where that cannot be had, from the
-    /// temporary directory. Starts nothing. `settings` and `clock` must outlive the model.
-    AppModel(std::unique_ptr<MarketDataProvider> provider, SettingsStore& settings,
-             const platform::FileManager& files, platform::Clock& clock);
+    /// How long `stop` waits for notifications that are being delivered, all of them together.
+    static constexpr std::chrono::seconds longestDelivery{2};
+
+    /// What the model works with. What is referred to outlives it.
+    struct Collaborators {
+        std::unique_ptr<MarketDataProvider> provider;
+        SettingsStore& settings;
+        std::unique_ptr<NotificationDelivering> delivering;
+        const platform::FileManager& files;
+        platform::Clock& clock;
+    };
+
+    /// Loads watchlist and alert rules: from their standard place, or, where that cannot be had,
+    /// from the temporary directory. Starts nothing.
+    explicit AppModel(Collaborators collaborators);
     ~AppModel() override;
 
     QuoteStore& quotes() { return quotes_; }
     WatchlistStore& watchlist() { return watchlist_; }
     SettingsStore& settings() { return settings_; }
+    AlertStore& alerts() { return alerts_; }
+    NotificationCoordinator& notifications() { return notifications_; }
 
     /// Every pair that can be watched; empty until loaded.
     const std::vector<Symbol>& availableSymbols() const { return availableSymbols_; }
 
     /// What to tell the user about the list of pairs; absent when nothing is wrong.
     const std::optional<QString>& loadError() const { return loadError_; }
+
+    /// What the panel's search field holds.
+    const QString& searchQuery() const { return searchQuery_; }
+    void setSearchQuery(QString query);
+
+    /// The pair that the user is about to add an alert for, until the alerts section has taken it
+    /// over; absent otherwise.
+    const std::optional<Symbol>& pendingAlertSymbol() const { return pendingAlertSymbol_; }
+    void setPendingAlertSymbol(std::optional<Symbol> symbol);
 
     /// What the status bar shows now.
     const std::vector<StatusBarSegment>& statusBarSegments() const { return statusBarSegments_; }
@@ -57,7 +84,8 @@ public:
     /// a first snapshot of them. Once, until `stop`.
     platform::Task<> start();
 
-    /// Ends what `start` began; the stream's connection has been closed in order when it returns.
+    /// Ends what `start` began. Notifications under way are delivered first; the stream's
+    /// connection has been closed in order when it returns.
     platform::Task<> stop();
 
     platform::Task<> loadAvailableSymbols();
@@ -65,7 +93,16 @@ public:
     /// Tells the stream which pairs the watchlist has, and takes a snapshot of them.
     platform::Task<> refreshSubscriptions();
 
-    /// Stores one quote, from the stream or a snapshot.
+    /// Puts a pair on the watchlist, clears the search and begins the rotation anew.
+    void addSymbol(const Symbol& symbol);
+
+    /// Takes a pair off the watchlist, together with its quote and its alert rules.
+    void removeSymbol(const Symbol& symbol);
+
+    /// Pins a pair of the watchlist to the status bar, or unpins it, and begins the rotation anew.
+    void togglePinned(const Symbol& symbol);
+
+    /// Stores one quote, from the stream or a snapshot, and fires the alerts that it crosses.
     void handleQuote(const Quote& quote);
 
     /// Computes the status bar's texts from the stores, the settings and the time.
@@ -74,13 +111,21 @@ public:
 Q_SIGNALS:
     void availableSymbolsChanged();
     void loadErrorChanged();
+    void searchQueryChanged();
+    void pendingAlertSymbolChanged();
     void statusBarSegmentsChanged();
 
 private:
     platform::Task<> consumeQuotes();
     platform::Task<> watchStaleness();
     platform::Task<> tickStatusBar();
+    /// Delivers what one quote fired, in order, then forgets itself.
+    platform::Task<> deliverNotifications(QUuid id, std::vector<AlertRule> fired, Quote quote);
+    platform::Task<> finishDeliveries();
     bool isOutOfDate() const;
+    void restartRotation();
+    /// What follows a change of the watchlist's pairs.
+    void followWatchlist();
     void setAvailableSymbols(std::vector<Symbol> symbols);
     void setLoadError(std::optional<QString> error);
     void setStatusBarSegments(std::vector<StatusBarSegment> segments);
@@ -88,9 +133,13 @@ private:
     platform::Clock& clock_;
     QuoteStore quotes_;
     SettingsStore& settings_;
+    NotificationCoordinator notifications_;
     WatchlistStore watchlist_;
+    AlertStore alerts_;
     std::vector<Symbol> availableSymbols_;
     std::optional<QString> loadError_;
+    QString searchQuery_;
+    std::optional<Symbol> pendingAlertSymbol_;
     std::vector<StatusBarSegment> statusBarSegments_;
     platform::Date rotationEpoch_;
     std::optional<DisplaySettings> lastAppliedSettings_;
@@ -101,6 +150,9 @@ private:
     platform::TaskHandle streamTask_;
     platform::TaskHandle watchdog_;
     platform::TaskHandle statusBarTicker_;
+    platform::TaskScope refreshes_;
+    /// Deliveries under way, one per quote that fired.
+    std::map<QUuid, platform::TaskHandle> pendingNotifications_;
 };
 
 } // namespace quorvel
