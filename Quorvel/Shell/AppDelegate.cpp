@@ -7,6 +7,7 @@
 #include "QuorvelKit/MarketData/BinanceProvider.h"
 
 #include <QDBusConnection>
+#include <QLocale>
 
 namespace quorvel {
 
@@ -19,11 +20,19 @@ std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment&
     return BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream);
 }
 
+/// The chosen language alone, or those of the session, best first.
+QStringList preferredLanguages(AppLanguage language) {
+    const auto identifier = localeIdentifier(language);
+    return identifier ? QStringList(QString::fromUtf8(identifier->data(), std::ssize(*identifier)))
+                      : QLocale::system().uiLanguages();
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(const Environment& environment)
     : environment_(environment),
       settings_(environment.defaults),
+      tables_(preferredLanguages(settings_.language())),
       model_(makeProvider(environment), settings_, environment.files, environment.clock) {}
 
 AppDelegate::~AppDelegate() = default;

@@ -4,6 +4,7 @@
 #include "Platform/Desktop/StatusItem.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Quorvel/Model/AppModel.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
@@ -48,6 +49,7 @@ private:
 
     Environment environment_;
     SettingsStore settings_;
+    platform::InstalledTables tables_; // before the model, which may have something to say
     AppModel model_;
     std::unique_ptr<platform::StatusItem> statusItem_;
     std::unique_ptr<platform::ClockTimer> stopDeadline_;

@@ -51,6 +51,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 class LivePrices : public test::LiveSession {
 protected:
+    static constexpr int quitEntry = 4; ///< behind Open, Settings… and the separator
+
     QDBusMessage menu(const QString& member, const QVariantList& arguments) {
         return panel_.call(quorvel_.itemService(), QStringLiteral("/MenuBar"),
                            QStringLiteral("com.canonical.dbusmenu"), member, arguments);
@@ -81,6 +83,17 @@ TEST_F(LivePrices, LeaveOnlyTheIconWithoutAnyPair) {
     EXPECT_EQ(label(), std::nullopt);
     EXPECT_EQ(toolTip(), "Quorvel");
     EXPECT_EQ(connectionCount(), 0);
+}
+
+TEST_F(LivePrices, SpeakTheChosenLanguageWithTheSameNumbers) {
+    quorvel_.setPreference(QStringLiteral("interfaceLanguage"),
+                           QStringLiteral("simplifiedChinese"));
+    quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
+    start();
+    const QVariantList reply =
+        menu(QStringLiteral("GetProperty"), {quitEntry, QStringLiteral("label")}).arguments();
+    EXPECT_EQ(reply.value(0).value<QDBusVariant>().variant(), QStringLiteral("退出"));
+    EXPECT_TRUE(showsLabel("BTC 65,432.10 +1.23% ▲", 10s));
 }
 
 TEST_F(LivePrices, ComeBackWithinThreeSecondsWhenTheExchangeDoes) {
@@ -130,7 +143,6 @@ TEST_P(EachEnd, ClosesTheStreamInOrderAndGivesZero) {
     ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
     ASSERT_TRUE(showsPrices());
     simulator_.control(QStringLiteral("walk"), {{QStringLiteral("running"), true}});
-    constexpr int quitEntry = 4; // behind Open, Settings… and the separator
     if (GetParam() == 0)
         choose(quitEntry);
     else
