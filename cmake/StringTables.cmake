@@ -1,4 +1,4 @@
-# The tables of translations, one file for each module and language: <Module>/Resources/<language>.ts.
+# The tables of translations, one for each module and language: <Module>/Resources/<language>.ts.
 #
 #   quorvel_string_tables(TARGET MODULE)    compiles those of MODULE, whose CMakeLists.txt calls it,
 #                                           into TARGET as :/Localization/<Module>.<language>.qm

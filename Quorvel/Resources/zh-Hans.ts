@@ -4,7 +4,7 @@
 <context>
     <name>Quorvel</name>
     <message>
-        <source>Couldn't load coin list — search is unavailable</source>
+        <source>Couldn&apos;t load coin list — search is unavailable</source>
         <translation>无法加载币种列表，搜索功能不可用</translation>
     </message>
     <message>

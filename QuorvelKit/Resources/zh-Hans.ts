@@ -12,11 +12,11 @@
         <translation>7 天</translation>
     </message>
     <message>
-        <source>Couldn't save alerts: %1</source>
+        <source>Couldn&apos;t save alerts: %1</source>
         <translation>无法保存提醒：%1</translation>
     </message>
     <message>
-        <source>Couldn't save watchlist: %1</source>
+        <source>Couldn&apos;t save watchlist: %1</source>
         <translation>无法保存自选列表：%1</translation>
     </message>
     <message>
@@ -62,6 +62,14 @@
     <message>
         <source>Rises above %1</source>
         <translation>涨破 %1</translation>
+    </message>
+    <message>
+        <source>Now %1  %2</source>
+        <translation>现价 %1  %2</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t deliver notification: %1</source>
+        <translation>无法发送通知：%1</translation>
     </message>
 </context>
 </TS>

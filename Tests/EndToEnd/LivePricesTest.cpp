@@ -85,17 +85,6 @@ TEST_F(LivePrices, LeaveOnlyTheIconWithoutAnyPair) {
     EXPECT_EQ(connectionCount(), 0);
 }
 
-TEST_F(LivePrices, SpeakTheChosenLanguageWithTheSameNumbers) {
-    quorvel_.setPreference(QStringLiteral("interfaceLanguage"),
-                           QStringLiteral("simplifiedChinese"));
-    quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
-    start();
-    const QVariantList reply =
-        menu(QStringLiteral("GetProperty"), {quitEntry, QStringLiteral("label")}).arguments();
-    EXPECT_EQ(reply.value(0).value<QDBusVariant>().variant(), QStringLiteral("退出"));
-    EXPECT_TRUE(showsLabel("BTC 65,432.10 +1.23% ▲", 10s));
-}
-
 TEST_F(LivePrices, ComeBackWithinThreeSecondsWhenTheExchangeDoes) {
     quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
     start();
@@ -135,6 +124,39 @@ TEST_F(LivePrices, SurviveTheSessionBus) {
     EXPECT_EQ(quorvel_.waitForEnd(), 0);
     EXPECT_EQ(closeCode(), 1001);
 }
+
+struct Language {
+    const char* chosen;
+    const char* session; ///< languages of the session, best first
+    const char* quit;    ///< the text of the menu's last entry
+};
+
+class EachLanguage : public LivePrices, public testing::WithParamInterface<Language> {
+protected:
+    EachLanguage() { qputenv("LANGUAGE", GetParam().session); }
+    ~EachLanguage() override { qunsetenv("LANGUAGE"); }
+};
+
+TEST_P(EachLanguage, IsSpokenWithTheSameNumbers) {
+    quorvel_.setPreference(QStringLiteral("interfaceLanguage"),
+                           QString::fromLatin1(GetParam().chosen));
+    quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
+    start();
+    const QVariantList reply =
+        menu(QStringLiteral("GetProperty"), {quitEntry, QStringLiteral("label")}).arguments();
+    EXPECT_EQ(reply.value(0).value<QDBusVariant>().variant(), QString::fromUtf8(GetParam().quit));
+    EXPECT_TRUE(showsLabel("BTC 65,432.10 +1.23% ▲", 10s));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LivePrices, EachLanguage,
+    testing::Values(Language{"simplifiedChinese", "en", "退出"},
+                    Language{"system", "zh_CN:en", "退出"}, Language{"system", "zh_TW:en", "Quit"},
+                    Language{"english", "zh_CN", "Quit"}),
+    [](const auto& info) {
+        return std::string(info.param.chosen) + "_" +
+               QString::fromLatin1(info.param.session).replace(u':', u'_').toStdString();
+    });
 
 class EachEnd : public LivePrices, public testing::WithParamInterface<int> {};
 

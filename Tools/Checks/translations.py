@@ -22,7 +22,7 @@ OTHER_LOOKUPS = ("tr", "trUtf8", "qtTrId", "QT_TR_NOOP", "QT_TRANSLATE_NOOP")
 
 TOKEN = re.compile(r"""
     (?P<comment> //[^\n]* | /\*.*?\*/ )
-  | (?P<raw>     R"(?P<tag>[^()\\\s]{0,16})\((?P<body>.*?)\)(?P=tag)" )
+  | (?P<raw>     (?:u8|[uUL])?R"(?P<tag>[^()\\\s]{0,16})\((?P<body>.*?)\)(?P=tag)" )
   | (?P<text>    "(?:[^"\\\n]|\\.)*" )
   | (?P<char>    '(?:[^'\\\n]|\\.)+' )
   | (?P<word>    [A-Za-z_]\w* )
@@ -73,7 +73,7 @@ def decoded(token):
 
 
 def argument(tokens, position, end):
-    """The text of one or several adjacent literals, and the place behind the `end` they end with."""
+    """The text of the adjacent literals here, and the place behind the `end` that follows."""
     parts = []
     while position < len(tokens) and tokens[position].kind in ("text", "raw"):
         parts.append(decoded(tokens[position]))
@@ -170,7 +170,8 @@ def faults_of_table(module, language, xml, texts):
             elif english not in texts:
                 yield f'"{english}": no code uses it'
             else:
-                yield from (f'"{english}": {fault}' for fault in faults_of_message(english, message))
+                for fault in faults_of_message(english, message):
+                    yield f'"{english}": {fault}'
             seen.add(english)
     for english in sorted(set(texts) - seen):
         yield f'"{english}": it has no translation'
@@ -199,7 +200,8 @@ def main():
     expected = {f"{module}/Resources/{language}.ts": (module, language)
                 for module in MODULES for language in languages}
     present = set(tracked(*(f"{module}/*.ts" for module in MODULES)))
-    wrong += [f"{path}: {LANGUAGE_LIST} does not name it" for path in sorted(present - set(expected))]
+    wrong += [f"{path}: {LANGUAGE_LIST} does not name its language"
+              for path in sorted(present - set(expected))]
     for path, (module, language) in expected.items():
         if path not in present:
             wrong.append(f"{path}: it is missing")
