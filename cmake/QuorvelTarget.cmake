@@ -17,7 +17,8 @@ function(quorvel_target name)
         QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
         QT_NO_URL_CAST_FROM_STRING QT_STRICT_ITERATORS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
-    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    # moc does not get through <concepts> where it is the first standard header that it meets.
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOMOC_MOC_OPTIONS "--include;cstddef")
     if(QUORVEL_SANITIZE)
         target_compile_options(${name} PRIVATE
             -fsanitize=${QUORVEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
