@@ -1,9 +1,11 @@
 #include "Quorvel/Shell/AppDelegate.h"
 
+#include "Platform/Desktop/StatusItemIconFile.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
 #include "Quorvel/Shell/StatusMenu.h"
 #include "Quorvel/Shell/StatusTitle.h"
+#include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
 #include "QuorvelKit/MarketData/BinanceProvider.h"
 
 #include <QDBusConnection>
@@ -20,6 +22,14 @@ std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment&
     return BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream);
 }
 
+platform::NotificationSender notificationSender(const QString& iconDirectory) {
+    constexpr int iconSide = 64; // pixels; daemons scale it down
+    return {.name = QStringLiteral("Quorvel"),
+            .icon = platform::StatusItemIconFile::pathOf(StatusIcon::image(iconSide), iconDirectory,
+                                                         QStringLiteral("quorvel-notification")),
+            .desktopEntry = QStringLiteral("quorvel")};
+}
+
 /// The chosen language alone, or those of the session, best first.
 QStringList preferredLanguages(AppLanguage language) {
     const auto identifier = localeIdentifier(language);
@@ -33,7 +43,13 @@ AppDelegate::AppDelegate(const Environment& environment)
     : environment_(environment),
       settings_(environment.defaults),
       tables_(preferredLanguages(settings_.language())),
-      model_(makeProvider(environment), settings_, environment.files, environment.clock) {}
+      notificationCenter_(notificationSender(environment.iconDirectory),
+                          QDBusConnection::sessionBus(), environment.clock),
+      model_({.provider = makeProvider(environment),
+              .settings = settings_,
+              .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
+              .files = environment.files,
+              .clock = environment.clock}) {}
 
 AppDelegate::~AppDelegate() = default;
 

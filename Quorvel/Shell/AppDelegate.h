@@ -6,6 +6,7 @@
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Services/UserNotificationCenter.h"
 #include "Quorvel/Model/AppModel.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
@@ -50,6 +51,7 @@ private:
     Environment environment_;
     SettingsStore settings_;
     platform::InstalledTables tables_; // before the model, which may have something to say
+    platform::UserNotificationCenter notificationCenter_;
     AppModel model_;
     std::unique_ptr<platform::StatusItem> statusItem_;
     std::unique_ptr<platform::ClockTimer> stopDeadline_;

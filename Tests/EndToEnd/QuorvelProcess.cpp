@@ -45,6 +45,14 @@ QString QuorvelProcess::watchlistPath() const {
     return directory_.filePath(QStringLiteral("data/Quorvel/watchlist.json"));
 }
 
+QString QuorvelProcess::alertsPath() const {
+    return directory_.filePath(QStringLiteral("data/Quorvel/alerts.json"));
+}
+
+void QuorvelProcess::writeAlerts(const QByteArray& json) const {
+    write(alertsPath(), json);
+}
+
 void QuorvelProcess::writeWatchlist(const QByteArray& json) const {
     write(watchlistPath(), json);
 }

@@ -28,7 +28,11 @@ public:
     /// The bytes of the watchlist file. Before `start`.
     void writeWatchlist(const QByteArray& json) const;
 
+    /// The bytes of the alerts file. Before `start`.
+    void writeAlerts(const QByteArray& json) const;
+
     QString watchlistPath() const;
+    QString alertsPath() const;
 
     /// Starts the program on the session bus that the environment names, without a display.
     void start();

@@ -23,7 +23,8 @@ protected:
     }
 
     QByteArray stored(const QString& name) const {
-        return platform::FileManager::contents(directory_.filePath(u"share/Quorvel/" + name))
+        return platform::FileManager::contents(
+                   directory_.filePath(QStringLiteral("share/Quorvel/") + name))
             .value_or(QByteArray());
     }
 };
@@ -41,14 +42,14 @@ TEST_F(AlertPath, TellsOnceOfEachRuleThatAQuoteCrosses) {
     for (const std::int64_t price : {99, 101, 102, 100, 101})
         push(price);
     EXPECT_THAT(delivering_->calls,
-                ElementsAre("ask", "BTC Rises above 100.00 | Now 101.00  +1.00%",
-                            "BTC Rises above 100.00 | Now 101.00  +1.00%",
-                            "BTC Rises above 101.00 | Now 102.00  +1.00%"));
+                ElementsAre("ask", "BTC Rises above 100.0000 | Now 101.0000  +1.00%",
+                            "BTC Rises above 100.0000 | Now 101.0000  +1.00%",
+                            "BTC Rises above 101.0000 | Now 102.0000  +1.00%"));
     clock_.advance(900s);
     delivering_->calls.clear();
     push(100);
     push(101);
-    EXPECT_THAT(delivering_->calls, ElementsAre("BTC Rises above 100.00 | Now 101.00  +1.00%"));
+    EXPECT_THAT(delivering_->calls, ElementsAre("BTC Rises above 100.0000 | Now 101.0000  +1.00%"));
     makeFromFiles();
     EXPECT_THAT(model_->alerts().rules(), testing::Each(testing::Field(&AlertRule::lastTriggeredAt,
                                                                        testing::Ne(std::nullopt))));
@@ -61,7 +62,7 @@ TEST_F(AlertPath, FiresFromASnapshotToo) {
     provider_->snapshotQuotes = {quote(101)};
     start();
     EXPECT_THAT(delivering_->calls,
-                ElementsAre("ask", "BTC Rises above 100.00 | Now 101.00  +1.00%"));
+                ElementsAre("ask", "BTC Rises above 100.0000 | Now 101.0000  +1.00%"));
 }
 
 TEST_F(AlertPath, FinishesDeliveriesBeforeItTearsAnythingDown) {
@@ -106,7 +107,7 @@ TEST_F(AlertPath, DropsTheRulesOfPairsThatAreNotWatchedAtStart) {
     start();
     EXPECT_EQ(model_->alerts().rules(doge).size(), 0u);
     EXPECT_EQ(model_->alerts().rules(btc).size(), 1u);
-    EXPECT_THAT(stored(QStringLiteral("alerts.json.damaged")), IsEmpty());
+    EXPECT_EQ(stored(QStringLiteral("alerts.json.damaged")), QByteArray());
 }
 
 TEST_F(AlertPath, KeepsTheRulesAsideWhereTheWatchlistWasDamaged) {
