@@ -39,7 +39,8 @@ AppModel::AppModel(Collaborators collaborators)
       watchlist_(makePersistence<FileWatchlistPersistence>(collaborators.files)),
       alerts_(makePersistence<FileAlertPersistence>(collaborators.files)),
       rotationEpoch_(clock_.now()),
-      provider_(std::move(collaborators.provider)) {
+      provider_(std::move(collaborators.provider)),
+      candleLoader_(candles_, *provider_, clock_) {
     connect(&quotes_, &QuoteStore::lastUpdateAtChanged, this,
             [this] { lastUpdateUptime_ = clock_.uptime(); });
 }
@@ -63,6 +64,7 @@ Task<> AppModel::stop() {
     statusBarTicker_ = {};
     streamTask_ = {};
     refreshes_.cancelAll();
+    candleLoader_.cancelAll();
     co_await provider_->stop();
 }
 
@@ -101,6 +103,14 @@ Task<> AppModel::refreshSubscriptions() {
     }
 }
 
+Task<> AppModel::prefetchCandles() {
+    return candleLoader_.loadAll(watchlist_.symbols(), settings_.display().chartPeriod);
+}
+
+Task<> AppModel::loadCandles(Symbol symbol) {
+    return candleLoader_.load(std::move(symbol), settings_.display().chartPeriod);
+}
+
 void AppModel::addSymbol(const Symbol& symbol) {
     watchlist_.add(symbol);
     setSearchQuery({});
@@ -111,6 +121,8 @@ void AppModel::removeSymbol(const Symbol& symbol) {
     watchlist_.remove(symbol);
     quotes_.remove(symbol);
     alerts_.removeAll(symbol);
+    candleLoader_.cancel(symbol);
+    candles_.invalidate(symbol);
     followWatchlist();
 }
 

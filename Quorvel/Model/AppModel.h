@@ -4,10 +4,12 @@
 #include "Platform/Async/TaskScope.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Quorvel/Model/CandleLoader.h"
 #include "QuorvelKit/Alerts/AlertStore.h"
 #include "QuorvelKit/Alerts/NotificationCoordinator.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 #include "QuorvelKit/StatusBar/StatusBarSegment.h"
+#include "QuorvelKit/Stores/CandleCache.h"
 #include "QuorvelKit/Stores/QuoteStore.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 #include "QuorvelKit/Stores/WatchlistStore.h"
@@ -56,7 +58,11 @@ public:
     explicit AppModel(Collaborators collaborators);
     ~AppModel() override;
 
+    /// The time that everything here goes by.
+    platform::Date now() const { return clock_.now(); }
+
     QuoteStore& quotes() { return quotes_; }
+    CandleCache& candles() { return candles_; }
     WatchlistStore& watchlist() { return watchlist_; }
     SettingsStore& settings() { return settings_; }
     AlertStore& alerts() { return alerts_; }
@@ -96,11 +102,19 @@ public:
     /// Puts a pair on the watchlist, clears the search and begins the rotation anew.
     void addSymbol(const Symbol& symbol);
 
-    /// Takes a pair off the watchlist, together with its quote and its alert rules.
+    /// Takes a pair off the watchlist, together with its quote, its alert rules and its candles.
     void removeSymbol(const Symbol& symbol);
 
     /// Pins a pair of the watchlist to the status bar, or unpins it, and begins the rotation anew.
     void togglePinned(const Symbol& symbol);
+
+    /// Loads the candles of every pair on the watchlist for the chart's period, only a few at a
+    /// time, and returns once each load has ended, well or not.
+    platform::Task<> prefetchCandles();
+
+    /// Loads the pair's candles for the chart's period unless there are fresh ones. A failure
+    /// leaves what there is.
+    platform::Task<> loadCandles(Symbol symbol);
 
     /// Stores one quote, from the stream or a snapshot, and fires the alerts that it crosses.
     void handleQuote(const Quote& quote);
@@ -132,6 +146,7 @@ private:
 
     platform::Clock& clock_;
     QuoteStore quotes_;
+    CandleCache candles_;
     SettingsStore& settings_;
     NotificationCoordinator notifications_;
     WatchlistStore watchlist_;
@@ -146,6 +161,7 @@ private:
     /// The uptime at the last accepted quote: the wall clock may be set back.
     std::chrono::nanoseconds lastUpdateUptime_{0};
     std::unique_ptr<MarketDataProvider> provider_;
+    CandleLoader candleLoader_;
     // Last, so that they end first: their frames use the members above.
     platform::TaskHandle streamTask_;
     platform::TaskHandle watchdog_;
