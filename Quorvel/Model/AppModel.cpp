@@ -50,16 +50,23 @@ AppModel::~AppModel() = default;
 Task<> AppModel::start() {
     if (streamTask_)
         co_return;
+    // A task of the model's own, so that `stop` can end it.
+    startUpTask_ = platform::startTask(loadAndSubscribe());
     streamTask_ = platform::startTask(consumeQuotes());
     alerts_.removeOrphans(watchlist_.subscriptionSet(), watchlist_.isLoadComplete());
     watchdog_ = platform::startTask(watchStaleness());
     statusBarTicker_ = platform::startTask(tickStatusBar());
+    co_await startUpTask_.finished();
+}
+
+Task<> AppModel::loadAndSubscribe() {
     co_await loadAvailableSymbols();
     co_await refreshSubscriptions();
 }
 
 Task<> AppModel::stop() {
     co_await finishDeliveries();
+    startUpTask_ = {};
     watchdog_ = {};
     statusBarTicker_ = {};
     streamTask_ = {};
@@ -69,14 +76,18 @@ Task<> AppModel::stop() {
 }
 
 Task<> AppModel::finishDeliveries() {
-    const auto deliveries =
-        std::make_shared<std::map<QUuid, TaskHandle>>(std::exchange(pendingNotifications_, {}));
-    const auto deadline = clock_.startTimer(longestDelivery, [deliveries] {
-        for (auto& [id, delivery] : *deliveries)
-            delivery.cancel();
+    bool isTimeOver = false;
+    TaskHandle delivery;
+    const auto deadline = clock_.startTimer(longestDelivery, [&] {
+        isTimeOver = true;
+        delivery.cancel();
+        pendingNotifications_.clear();
     });
-    for (const auto& [id, delivery] : *deliveries)
+    // Quotes go on coming, and may fire more.
+    while (!isTimeOver && !pendingNotifications_.empty()) {
+        delivery = std::move(pendingNotifications_.extract(pendingNotifications_.begin()).mapped());
         co_await delivery.finished();
+    }
 }
 
 Task<> AppModel::loadAvailableSymbols() {

@@ -90,8 +90,8 @@ public:
     /// a first snapshot of them. Once, until `stop`.
     platform::Task<> start();
 
-    /// Ends what `start` began. Notifications under way are delivered first; the stream's
-    /// connection has been closed in order when it returns.
+    /// Ends what `start` began, and `start` itself where it is still under way. Notifications under
+    /// way are delivered first; the stream's connection has been closed in order when it returns.
     platform::Task<> stop();
 
     platform::Task<> loadAvailableSymbols();
@@ -130,6 +130,7 @@ Q_SIGNALS:
     void statusBarSegmentsChanged();
 
 private:
+    platform::Task<> loadAndSubscribe();
     platform::Task<> consumeQuotes();
     platform::Task<> watchStaleness();
     platform::Task<> tickStatusBar();
@@ -169,6 +170,7 @@ private:
     platform::TaskScope refreshes_;
     /// Deliveries under way, one per quote that fired.
     std::map<QUuid, platform::TaskHandle> pendingNotifications_;
+    platform::TaskHandle startUpTask_;
 };
 
 } // namespace quorvel

@@ -26,6 +26,8 @@ public:
     /// Requests for candles by base asset, each to be finished by the test: with candles, or with
     /// an exception.
     std::map<std::string, QPromise<std::vector<quorvel::Candle>>> candleRequests;
+    /// While set, a snapshot waits for the test to finish this.
+    std::optional<QPromise<void>> heldSnapshot;
 
     ScriptedProvider() { pairs.start(); }
 
@@ -35,6 +37,8 @@ public:
     platform::Task<std::vector<quorvel::Quote>>
     snapshot(std::vector<quorvel::Symbol> symbols) override {
         note("snapshot", symbols);
+        if (heldSnapshot)
+            co_await heldSnapshot->future();
         if (!snapshotQuotes)
             throw std::runtime_error("no snapshot");
         co_return *snapshotQuotes;

@@ -1,5 +1,7 @@
 #include "Tests/Quorvel/Model/ModelFixture.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
@@ -86,19 +88,32 @@ TEST_F(Model, MarksQuotesStaleAfterFifteenSecondsOfSilence) {
     push(1); // a pass of the watchdog is 0, 5, 10, 15, 20 seconds away
     clock_.advance(15s);
     EXPECT_FALSE(model_->quotes().isStale()) << "15 seconds are not more than 15";
-    clock_.advance(5s);
-    EXPECT_TRUE(model_->quotes().isStale());
-    push(2);
+    clock_.advance(4s);
+    push(2); // 1, 6, 11, 16 seconds away
+    clock_.advance(15s);
+    EXPECT_FALSE(model_->quotes().isStale());
+    clock_.advance(1s);
+    EXPECT_TRUE(model_->quotes().isStale()) << "16 seconds are";
+    push(3);
     EXPECT_FALSE(model_->quotes().isStale());
 }
 
-TEST_F(Model, MarksQuotesStaleAlsoWhenTheClockWasSetBack) {
-    make();
-    start();
-    push(1);
-    clock_.setNow(clock_.now() - 1h);
-    clock_.advance(20s);
-    EXPECT_TRUE(model_->quotes().isStale());
+TEST_F(Model, TakesTheLongerSilenceWhereTheClockWasSet) {
+    struct Case {
+        std::chrono::seconds setBy;
+        std::chrono::seconds silence;
+        bool isStale;
+    };
+    for (const auto& [setBy, silence, isStale] :
+         {Case{-1h, 15s, false}, Case{-1h, 16s, true}, Case{10s, 5s, false}, Case{10s, 6s, true}}) {
+        make();
+        start();
+        clock_.advance(20s - silence);
+        push(1);
+        clock_.setNow(clock_.now() + setBy);
+        clock_.advance(silence);
+        EXPECT_EQ(model_->quotes().isStale(), isStale) << setBy.count() << " " << silence.count();
+    }
 }
 
 TEST_F(Model, MarksNothingStaleWithoutPairs) {
@@ -142,13 +157,54 @@ TEST_F(Model, StopsEverythingItStartedAndMayStartAgain) {
     EXPECT_THAT(provider_->calls, testing::Contains("quotes"));
 }
 
+TEST_F(Model, BeginsNothingMoreWhenItIsStoppedDuringStartUp) {
+    for (const bool hasPairs : {false, true}) {
+        make();
+        provider_->snapshotQuotes = {quote(7)};
+        provider_->heldSnapshot.emplace().start();
+        start(hasPairs);
+        const std::string_view underWay = hasPairs ? "snapshot BTC ETH" : "pairs";
+        EXPECT_THAT(provider_->calls, testing::Contains(underWay));
+        test::runTask(model_->stop());
+        if (!hasPairs)
+            provider_->pairs.addResult(std::vector{btc});
+        provider_->pairs.finish();
+        provider_->heldSnapshot->finish();
+        test::drainEvents();
+        EXPECT_EQ(provider_->calls.back(), "stop") << "while waiting for " << underWay;
+        EXPECT_EQ(model_->availableSymbols().empty(), !hasPairs);
+        EXPECT_EQ(model_->quotes().quote(btc), nullptr);
+        EXPECT_FALSE(startTask_.isRunning());
+        EXPECT_EQ(clock_.timerCount(), 0u);
+    }
+}
+
 TEST_F(Model, KeepsTheWatchlistInTheTemporaryDirectoryWhereItsPlaceCannotBeHad) {
-    platform::FileManager::writeAtomically("in the way",
-                                           directory_.filePath(QStringLiteral("share")));
+    const QString folder = directory_.filePath(QStringLiteral("share/Quorvel"));
+    const QString stored = directory_.filePath(QStringLiteral("tmp/quorvel-watchlist.json"));
+    for (const QString& blocked : {QFileInfo(folder).path(), folder}) {
+        platform::FileManager::writeAtomically("in the way", blocked);
+        makeFromFiles();
+        EXPECT_TRUE(model_->watchlist().items().empty());
+        model_->watchlist().add(btc);
+        EXPECT_EQ(model_->watchlist().lastPersistError(), std::nullopt);
+        makeFromFiles();
+        EXPECT_THAT(model_->watchlist().symbols(), ElementsAre(btc));
+        EXPECT_TRUE(QFile::remove(stored));
+        EXPECT_TRUE(QFile::remove(blocked));
+    }
+}
+
+TEST_F(Model, StartsEmptyAndStoresAnewWhereTheWatchlistCannotBeRead) {
+    // Nobody can read a directory as a file, root included.
+    const QString inTheWay = directory_.filePath(QStringLiteral("share/Quorvel/watchlist.json"));
+    platform::FileManager::createDirectory(inTheWay);
     makeFromFiles();
     EXPECT_TRUE(model_->watchlist().items().empty());
+    EXPECT_FALSE(model_->watchlist().isLoadComplete());
     model_->watchlist().add(btc);
     EXPECT_EQ(model_->watchlist().lastPersistError(), std::nullopt);
-    EXPECT_TRUE(platform::FileManager::contents(
-        directory_.filePath(QStringLiteral("tmp/quorvel-watchlist.json"))));
+    EXPECT_TRUE(QFileInfo(inTheWay + QStringLiteral(".damaged")).isDir());
+    makeFromFiles();
+    EXPECT_THAT(model_->watchlist().symbols(), ElementsAre(btc));
 }
