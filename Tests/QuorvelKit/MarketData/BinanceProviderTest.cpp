@@ -1,5 +1,6 @@
 #include "QuorvelKit/MarketData/BinanceProvider.h"
 
+#include "Platform/Foundation/DecodingError.h"
 #include "Platform/Foundation/SystemClock.h"
 #include "Platform/Foundation/URLError.h"
 #include "QuorvelKit/MarketData/HTTPTransportError.h"
@@ -44,6 +45,17 @@ protected:
 
     bool becomesConnected() const {
         return test::waitUntil([this] { return connectionCount() == 1; });
+    }
+
+    /// The error of that type that `call` throws; absent where it throws none.
+    template <typename Error>
+    static std::optional<Error> errorOf(const auto& call) {
+        try {
+            call();
+        } catch (const Error& error) {
+            return error;
+        }
+        return std::nullopt;
     }
 
     test::SimulatorProcess simulator_;
@@ -104,22 +116,30 @@ TEST_F(Provider, ComesBackAfterTheExchangeWasAwayWithOneConnection) {
     EXPECT_EQ(simulator_.details(text("streamOpened")).size(), 1);
 }
 
-TEST_F(Provider, ReadsALargeListOfPairsAndPassesErrorsOn) {
+TEST_F(Provider, ReadsALargeListOfPairs) {
     simulator_.control(text("exchangeInfo"), {{text("bytes"), 10'000'000}});
     EXPECT_GT(test::runTask(provider_->availableSymbols()).size(), 500u);
-    simulator_.control(text("rest"),
-                       {{text("path"), text("/api/v3/klines")}, {text("status"), 418}});
-    try {
-        test::runTask(provider_->candles(btc, ChartPeriod::day));
-        ADD_FAILURE() << "succeeded";
-    } catch (const HTTPTransportError& error) {
-        EXPECT_EQ(error, HTTPTransportError::requestFailed(418));
-    }
-    simulator_.control(text("rest"),
-                       {{text("path"), text("/api/v3/klines")}, {text("reset"), true}});
-    EXPECT_EQ(test::runTask(provider_->candles(btc, ChartPeriod::week)).size(), 42u);
+}
+
+TEST_F(Provider, PassesErrorsOnFromTheNetworkThread) {
+    const auto candles = [this] {
+        return test::runTask(provider_->candles(btc, ChartPeriod::week));
+    };
+    const auto answer = [this](const QJsonObject& answer) {
+        QJsonObject override = answer;
+        override[u"path"] = text("/api/v3/klines");
+        simulator_.control(text("rest"), override);
+    };
+    answer({{text("status"), 418}});
+    EXPECT_EQ(errorOf<HTTPTransportError>(candles), HTTPTransportError::requestFailed(418));
+    answer({{text("body"), text("[[1,2")}});
+    EXPECT_EQ(errorOf<platform::DecodingError>(candles)->kind(),
+              platform::DecodingError::Kind::dataCorrupted);
+    answer({{text("reset"), true}});
+    EXPECT_EQ(candles().size(), 42u);
     simulator_.kill();
-    EXPECT_THROW(test::runTask(provider_->snapshot({btc})), platform::URLError);
+    EXPECT_EQ(errorOf<platform::URLError>(candles)->code(),
+              platform::URLError::Code::cannotConnect);
 }
 
 TEST_F(Provider, MayGoWhileCallsAreUnderWay) {

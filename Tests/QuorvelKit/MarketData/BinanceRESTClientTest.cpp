@@ -1,6 +1,7 @@
 #include "QuorvelKit/MarketData/BinanceRESTClient.h"
 
 #include "Platform/Foundation/DecodingError.h"
+#include "Platform/Foundation/URLError.h"
 #include "QuorvelKit/MarketData/HTTPTransportError.h"
 #include "Tests/Support/ManualClock.h"
 #include "Tests/Support/RunTask.h"
@@ -21,15 +22,18 @@ const Symbol umlaut{"Ä", "USDT"};
 class ScriptedTransport final : public HTTPTransport {
 public:
     struct State {
+        test::ManualClock clock;
+        std::chrono::seconds delay{0};
         std::vector<std::string> urls;
         QByteArray body;
-        std::optional<HTTPTransportError> error;
+        std::exception_ptr error;
     };
     explicit ScriptedTransport(State& state) : state_(state) {}
     platform::Task<QByteArray> get(QUrl url) override {
         state_.urls.push_back(url.toEncoded().toStdString());
+        state_.clock.setNow(state_.clock.now() + state_.delay);
         if (state_.error)
-            throw HTTPTransportError(*state_.error);
+            std::rethrow_exception(state_.error);
         co_return state_.body;
     }
 
@@ -56,10 +60,9 @@ protected:
         return found;
     }
 
-    test::ManualClock clock_;
     ScriptedTransport::State state_;
     BinanceRESTClient client_{std::make_unique<ScriptedTransport>(state_),
-                              QUrl(QStringLiteral("https://host.example")), clock_};
+                              QUrl(QStringLiteral("https://host.example")), state_.clock};
 };
 
 } // namespace
@@ -83,15 +86,24 @@ TEST_F(REST, WritesItsRequestsAsTheExchangeReadsThem) {
     EXPECT_EQ(state_.urls.size(), 4u) << "asked for no pairs";
 }
 
-TEST_F(REST, SkipsTickersThatMakeNoSenseAndStampsTheRest) {
+TEST_F(REST, SkipsTickersThatMakeNoSense) {
     EXPECT_THAT(snapshotOf(R"([{"symbol":"ETHBTC","lastPrice":"1","priceChangePercent":"1"},
         {"symbol":"ETHUSDT","lastPrice":"1,5","priceChangePercent":"1"},
         {"symbol":"ETHUSDT","lastPrice":"1","priceChangePercent":""},
         {"extra":{"a":[1]},"symbol":"btcusdt","lastPrice":"0.00001234","priceChangePercent":"-1"},
         {"symbol":"ETHUSDT","lastPrice":"2","priceChangePercent":"0"}])"),
                 ElementsAre("BTC 0.00001234", "ETH 2"));
-    for (const Quote& quote : test::runTask(client_.snapshot({btc})))
-        EXPECT_EQ(quote.timestamp, clock_.now());
+}
+
+TEST_F(REST, StampsASnapshotWithTheInstantItArrived) {
+    state_.body = R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":"1"},
+        {"symbol":"ETHUSDT","lastPrice":"2","priceChangePercent":"0"}])";
+    state_.delay = std::chrono::seconds(3);
+    const auto arrival = state_.clock.now() + state_.delay;
+    const auto quotes = test::runTask(client_.snapshot({btc}));
+    ASSERT_EQ(quotes.size(), 2u);
+    EXPECT_EQ(quotes[0].timestamp, arrival);
+    EXPECT_EQ(quotes[1].timestamp, arrival);
 }
 
 TEST_F(REST, FailsOnASnapshotOfAnotherForm) {
@@ -136,15 +148,26 @@ TEST_F(REST, ReadsCandlesRowByRow) {
     }
 }
 
-TEST_F(REST, PassesTheTransportsErrorsOn) {
-    state_.error = HTTPTransportError::requestFailed(429);
-    try {
-        test::runTask(client_.availableSymbols());
-        ADD_FAILURE() << "succeeded";
-    } catch (const HTTPTransportError& error) {
-        EXPECT_EQ(error, HTTPTransportError::requestFailed(429));
-        EXPECT_FALSE(error == HTTPTransportError::requestFailed(418));
-        EXPECT_FALSE(error == HTTPTransportError::invalidResponse());
+TEST_F(REST, PassesTheTransportsErrorsOnUnchanged) {
+    using platform::URLError;
+    const auto errors = {
+        std::make_exception_ptr(HTTPTransportError::requestFailed(429)),
+        std::make_exception_ptr(HTTPTransportError::invalidResponse()),
+        std::make_exception_ptr(URLError(URLError::Code::cannotConnect, QStringLiteral("x"))),
+        std::make_exception_ptr(URLError(URLError::Code::dataTooLarge, QStringLiteral("x")))};
+    const auto errorOf = [](auto task) {
+        try {
+            test::runTask(std::move(task));
+        } catch (...) {
+            return std::current_exception();
+        }
+        return std::exception_ptr();
+    };
+    for (const auto& error : errors) {
+        state_.error = error;
+        EXPECT_EQ(errorOf(client_.snapshot({btc})), error);
+        EXPECT_EQ(errorOf(client_.availableSymbols()), error);
+        EXPECT_EQ(errorOf(client_.candles(btc, ChartPeriod::day)), error);
     }
-    EXPECT_EQ(state_.urls.size(), 1u) << "tried again";
+    EXPECT_EQ(state_.urls.size(), 3 * errors.size()) << "tried again";
 }
