@@ -13,36 +13,39 @@ namespace {
 
 struct Judged {
     const char* rest;
+    bool takesRest;
     const char* stream;
-    bool isUsable;
+    bool takesStream;
 };
-
-class Endpoints : public testing::TestWithParam<Judged> {};
 
 } // namespace
 
-TEST_P(Endpoints, AreTakenOnlyWhereTheyAreSafe) {
+TEST(ExchangeEndpoints, AreEachTakenOnlyWhereTheyAreSafe) {
     const QTemporaryDir directory;
     platform::UserDefaults defaults(directory.filePath(QStringLiteral("Quorvel.conf")));
-    defaults.setString(QStringLiteral("exchange.restURL"), QString::fromLatin1(GetParam().rest));
-    defaults.setString(QStringLiteral("exchange.streamURL"),
-                       QString::fromLatin1(GetParam().stream));
-    const auto endpoints = ExchangeEndpoints::fromDefaults(defaults);
-    const bool usable = GetParam().isUsable;
-    EXPECT_EQ(endpoints.rest, usable ? QUrl(QString::fromLatin1(GetParam().rest))
-                                     : BinanceProvider::defaultRESTURL());
-    EXPECT_EQ(endpoints.stream, usable ? QUrl(QString::fromLatin1(GetParam().stream))
-                                       : QUrl(SubscriptionCommand::host()));
+    const auto write = [&defaults](const char* key, const char* url) {
+        defaults.setString(QString::fromLatin1(key), QString::fromLatin1(url));
+        return QUrl(QString::fromLatin1(url));
+    };
+    for (const auto& [rest, takesRest, stream, takesStream] : {
+             Judged{"https://mirror.example", true, "wss://mirror.example/stream", true},
+             Judged{"http://127.0.0.1:8080", true, "ws://127.0.0.1:8080/stream", true},
+             Judged{"http://127.0.0.5", true, "ws://[::1]:9/stream", true},
+             Judged{"http://localhost:1", true, "ws://localhost:1/stream", true},
+             Judged{"http://mirror.example", false, "ws://mirror.example/stream", false},
+             Judged{"http://127.0.0.1.example", false, "ws://10.0.0.1/stream", false},
+             Judged{"wss://mirror.example", false, "https://mirror.example", false},
+             Judged{"file:///etc/passwd", false, "/stream", false},
+             Judged{"https://", false, "wss:", false},
+             Judged{"", false, "rubbish", false},
+             Judged{"https://mirror.example", true, "ws://mirror.example/stream", false},
+             Judged{"http://mirror.example", false, "wss://mirror.example/stream", true},
+         }) {
+        const QUrl restURL = write("exchange.restURL", rest);
+        const QUrl streamURL = write("exchange.streamURL", stream);
+        const auto endpoints = ExchangeEndpoints::fromDefaults(defaults);
+        EXPECT_EQ(endpoints.rest, takesRest ? restURL : BinanceProvider::defaultRESTURL()) << rest;
+        EXPECT_EQ(endpoints.stream, takesStream ? streamURL : QUrl(SubscriptionCommand::host()))
+            << stream;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    ExchangeEndpoints, Endpoints,
-    testing::Values(Judged{"https://mirror.example", "wss://mirror.example/stream", true},
-                    Judged{"http://127.0.0.1:8080", "ws://127.0.0.1:8080/stream", true},
-                    Judged{"http://127.0.0.5", "ws://[::1]:9/stream", true},
-                    Judged{"http://localhost:1", "ws://localhost:1/stream", true},
-                    Judged{"http://mirror.example", "ws://mirror.example/stream", false},
-                    Judged{"http://127.0.0.1.example", "ws://10.0.0.1/stream", false},
-                    Judged{"wss://mirror.example", "https://mirror.example", false},
-                    Judged{"file:///etc/passwd", "/stream", false},
-                    Judged{"https://", "wss:", false}, Judged{"", "rubbish", false}));

@@ -1,5 +1,6 @@
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
 
+#include "Platform/Services/ServiceError.h"
 #include "Platform/Services/UserNotificationCenter.h"
 #include "Tests/Support/FakeNotificationService.h"
 #include "Tests/Support/ManualClock.h"
@@ -35,7 +36,7 @@ TEST(SystemNotificationDelivering, DeliversWithASoundToAServiceThatComesAndGoes)
 
     service.reset();
     EXPECT_FALSE(test::runTask(delivering.requestAuthorization()));
-    EXPECT_THROW(test::runTask(delivering.deliver({}, {})), platform::PlatformError);
+    EXPECT_THROW(test::runTask(delivering.deliver({}, {})), platform::ServiceError);
 }
 
 } // namespace

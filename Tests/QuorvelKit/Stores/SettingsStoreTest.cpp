@@ -84,6 +84,26 @@ TEST_F(Settings, LoadsDefaultsAndWritesNothing) {
     EXPECT_FALSE(defaults_.hasObject(QStringLiteral("interfaceLanguage")));
 }
 
+TEST_F(Settings, FollowsTheSystemWhereLanguageOrAppearanceIsUnknown) {
+    const auto language = QStringLiteral("interfaceLanguage");
+    const auto appearance = QStringLiteral("interfaceAppearance");
+    for (const char* unknown : {"", "English", "dark ", "zh-Hans", "1"}) {
+        defaults_.setString(language, QString::fromLatin1(unknown));
+        defaults_.setString(appearance, QString::fromLatin1(unknown));
+        const SettingsStore store(defaults_);
+        EXPECT_EQ(store.language(), AppLanguage::system) << unknown;
+        EXPECT_EQ(store.appearance(), AppearanceMode::system) << unknown;
+    }
+    // Each falls back on its own.
+    defaults_.setString(language, QStringLiteral("english"));
+    EXPECT_EQ(SettingsStore(defaults_).language(), AppLanguage::english);
+    EXPECT_EQ(SettingsStore(defaults_).appearance(), AppearanceMode::system);
+    defaults_.setString(language, QStringLiteral("light"));
+    defaults_.setString(appearance, QStringLiteral("light"));
+    EXPECT_EQ(SettingsStore(defaults_).language(), AppLanguage::system);
+    EXPECT_EQ(SettingsStore(defaults_).appearance(), AppearanceMode::light);
+}
+
 TEST_F(Settings, WritesEveryAssignmentAndTellsOfChanges) {
     SettingsStore store(defaults_);
     QSignalSpy spy(&store, &SettingsStore::displayChanged);
