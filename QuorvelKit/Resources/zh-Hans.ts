@@ -12,6 +12,10 @@
         <translation>7 天</translation>
     </message>
     <message>
+        <source>Couldn&apos;t change launch at login: %1</source>
+        <translation>无法更改登录时启动设置：%1</translation>
+    </message>
+    <message>
         <source>Couldn&apos;t save alerts: %1</source>
         <translation>无法保存提醒：%1</translation>
     </message>

@@ -7,7 +7,7 @@ packages_build=(
     cmake ninja-build clang-19 lld-19
     qt6-base-dev qt6-websockets-dev qt6-l10n-tools libsimdjson-dev
 )
-packages_test=(libgtest-dev libgmock-dev dbus-daemon python3 python3-dbusmock xvfb dunst)
+packages_test=(libgtest-dev libgmock-dev dbus-daemon python3 python3-dbusmock python3-gi xvfb dunst)
 packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)
 packages_desktop=(
     xvfb dbus-daemon openbox picom xdotool imagemagick x11-utils
