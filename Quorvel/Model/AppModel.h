@@ -8,6 +8,7 @@
 #include "QuorvelKit/Alerts/AlertStore.h"
 #include "QuorvelKit/Alerts/NotificationCoordinator.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
+#include "QuorvelKit/Services/LaunchAtLoginController.h"
 #include "QuorvelKit/StatusBar/StatusBarSegment.h"
 #include "QuorvelKit/Stores/CandleCache.h"
 #include "QuorvelKit/Stores/QuoteStore.h"
@@ -49,6 +50,7 @@ public:
         std::unique_ptr<MarketDataProvider> provider;
         SettingsStore& settings;
         std::unique_ptr<NotificationDelivering> delivering;
+        std::unique_ptr<LaunchAtLoginManaging> loginService;
         const platform::FileManager& files;
         platform::Clock& clock;
     };
@@ -65,8 +67,12 @@ public:
     CandleCache& candles() { return candles_; }
     WatchlistStore& watchlist() { return watchlist_; }
     SettingsStore& settings() { return settings_; }
+    LaunchAtLoginController& launchAtLogin() { return launchAtLogin_; }
     AlertStore& alerts() { return alerts_; }
     NotificationCoordinator& notifications() { return notifications_; }
+
+    /// The language that the texts are in: a change of the setting shows at the next launch.
+    AppLanguage languageAtLaunch() const { return languageAtLaunch_; }
 
     /// Every pair that can be watched; empty until loaded.
     const std::vector<Symbol>& availableSymbols() const { return availableSymbols_; }
@@ -149,7 +155,9 @@ private:
     QuoteStore quotes_;
     CandleCache candles_;
     SettingsStore& settings_;
+    LaunchAtLoginController launchAtLogin_;
     NotificationCoordinator notifications_;
+    AppLanguage languageAtLaunch_;
     WatchlistStore watchlist_;
     AlertStore alerts_;
     std::vector<Symbol> availableSymbols_;

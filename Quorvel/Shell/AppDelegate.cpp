@@ -7,7 +7,9 @@
 #include "Quorvel/Shell/StatusTitle.h"
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
 #include "QuorvelKit/MarketData/BinanceProvider.h"
+#include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QLocale>
 
@@ -30,6 +32,13 @@ platform::NotificationSender notificationSender(const QString& iconDirectory) {
             .desktopEntry = QStringLiteral("quorvel")};
 }
 
+platform::LoginItem loginItem() {
+    return {{.id = QStringLiteral("quorvel"),
+             .name = QStringLiteral("Quorvel"),
+             .executable = QCoreApplication::applicationFilePath()},
+            platform::LoginItem::standardDirectory()};
+}
+
 /// The chosen language alone, or those of the session, best first.
 QStringList preferredLanguages(AppLanguage language) {
     const auto identifier = localeIdentifier(language);
@@ -48,6 +57,7 @@ AppDelegate::AppDelegate(const Environment& environment)
       model_({.provider = makeProvider(environment),
               .settings = settings_,
               .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
+              .loginService = std::make_unique<SystemLaunchAtLoginService>(loginItem()),
               .files = environment.files,
               .clock = environment.clock}) {}
 

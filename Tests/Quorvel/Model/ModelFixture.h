@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Quorvel/Model/AppModel.h"
+#include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 #include "Tests/Support/ManualClock.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/ScriptedDelivering.h"
@@ -34,7 +35,11 @@ protected:
         provider_ = provider.get();
         delivering_ = delivering.get();
         model_ = std::make_unique<quorvel::AppModel>(quorvel::AppModel::Collaborators{
-            std::move(provider), settings_, std::move(delivering), files_, clock_});
+            std::move(provider), settings_, std::move(delivering),
+            std::make_unique<quorvel::SystemLaunchAtLoginService>(platform::LoginItem(
+                {QStringLiteral("quorvel"), QStringLiteral("Quorvel"), QStringLiteral("/bin/true")},
+                directory_.filePath(QStringLiteral("autostart")))),
+            files_, clock_});
     }
 
     /// Starts the model, and loads the list of pairs unless told not to.
