@@ -133,8 +133,8 @@ struct Language {
 
 class EachLanguage : public LivePrices, public testing::WithParamInterface<Language> {
 protected:
-    EachLanguage() { qputenv("LANGUAGE", GetParam().session); }
-    ~EachLanguage() override { qunsetenv("LANGUAGE"); }
+    void SetUp() override { qputenv("LANGUAGE", GetParam().session); }
+    void TearDown() override { qunsetenv("LANGUAGE"); }
 };
 
 TEST_P(EachLanguage, IsSpokenWithTheSameNumbers) {

@@ -1,9 +1,8 @@
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/StringTable.h"
-#include "QuorvelKit/Alerts/AlertRule.h"
+#include "QuorvelKit/Alerts/AlertStore.h"
 #include "QuorvelKit/Stores/AppearanceMode.h"
-#include "QuorvelKit/Stores/WatchlistStore.h"
 
 #include <gtest/gtest.h>
 
@@ -12,15 +11,16 @@ using platform::localized;
 
 namespace {
 
-class FullDisk final : public WatchlistPersistence {
-    std::vector<WatchlistItem> load() override { return {}; }
-    void save(const std::vector<WatchlistItem>&) override {
+class FullDisk final : public AlertPersistence {
+    std::vector<AlertRule> load() override { return {}; }
+    void save(const std::vector<AlertRule>&) override {
         throw platform::FileError(QStringLiteral("%1 of 42 MB free"));
     }
 };
 
 QString description(AlertConditionKind kind, const char* threshold) {
-    return AlertRule::Condition{kind, *Decimal::fromAPIString(threshold)}.description();
+    const AlertRule::Condition condition{kind, *Decimal::fromAPIString(threshold)};
+    return condition.description();
 }
 
 TEST(SimplifiedChinese, IsInForceFromInstallingToRemoving) {
@@ -47,9 +47,11 @@ TEST(SimplifiedChinese, LeavesNumbersAndErrorsOfTheSystemAsTheyAre) {
               QStringLiteral("涨破 70,000.00"));
     EXPECT_EQ(description(AlertConditionKind::changeFallsBelow, "-5"),
               QStringLiteral("跌幅超过 -5.00%"));
-    WatchlistStore store(std::make_unique<FullDisk>());
-    store.add({"BTC", "USDT"});
-    EXPECT_EQ(store.lastPersistError(), QStringLiteral("无法保存自选列表：%1 of 42 MB free"));
+    AlertStore store(std::make_unique<FullDisk>());
+    store.add({QUuid::createUuid(), Symbol{"BTC", "USDT"},
+               AlertRule::Condition{AlertConditionKind::priceRisesAbove, 1},
+               AlertRule::RepeatMode::once(), true, std::nullopt});
+    EXPECT_EQ(store.lastPersistError(), QStringLiteral("无法保存提醒：%1 of 42 MB free"));
 }
 
 } // namespace
