@@ -23,5 +23,21 @@
         <source>The request timed out.</source>
         <translation>请求超时。</translation>
     </message>
+    <message>
+        <source>The notification service does not answer.</source>
+        <translation>通知服务没有响应。</translation>
+    </message>
+    <message>
+        <source>The notification service refused: %1</source>
+        <translation>通知服务拒绝了请求：%1</translation>
+    </message>
+    <message>
+        <source>The service does not answer.</source>
+        <translation>服务没有响应。</translation>
+    </message>
+    <message>
+        <source>There is no notification service.</source>
+        <translation>没有可用的通知服务。</translation>
+    </message>
 </context>
 </TS>
