@@ -1,6 +1,5 @@
 #include "Platform/Services/DBusCall.h"
 
-#include "Platform/Async/ThreadHandOver.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Platform/Services/ServiceError.h"
 
@@ -19,7 +18,8 @@ namespace {
 int libraryLimit(std::chrono::milliseconds limit) {
     constexpr std::chrono::milliseconds margin = std::chrono::seconds(5);
     constexpr std::chrono::milliseconds longest{std::numeric_limits<int>::max() - 1};
-    return static_cast<int>(std::clamp(limit, limit.zero(), longest - margin).count()) +
+    return static_cast<int>(
+               std::clamp(limit, std::chrono::milliseconds::zero(), longest - margin).count()) +
            static_cast<int>(margin.count());
 }
 
@@ -72,7 +72,6 @@ QDBusMessage DBusCall::take() const {
         throw ServiceError(ServiceError::Code::unanswered,
                            localized("Platform", "The service does not answer."));
     }
-    acquireFromOtherThread(&throughQt);
     const QDBusMessage answer = watcher_->reply();
     if (answer.type() == QDBusMessage::ErrorMessage)
         throw errorOf(answer);
