@@ -72,7 +72,8 @@ class Profile:
             for kind, threshold in (
                     ("priceRisesAbove", round(price + step, 2)),
                     ("priceFallsBelow", round(price - step, 2)),
-                    ("changeRisesAbove", round(change + CHANGE_STEP, 2))):
+                    ("changeRisesAbove", round(change + CHANGE_STEP, 2)) if change > 0 else
+                    ("changeFallsBelow", round(change - CHANGE_STEP, 2))):
                 rules.append({
                     "id": str(uuid.uuid4()).upper(),
                     "symbol": {"base": base, "quote": "USDT"},
