@@ -33,6 +33,7 @@ std::unique_ptr<FilePersistence> makePersistence(const platform::FileManager& fi
 
 AppModel::AppModel(Collaborators collaborators)
     : clock_(collaborators.clock),
+      workspace_(collaborators.workspace),
       quotes_(clock_),
       settings_(collaborators.settings),
       launchAtLogin_(std::move(collaborators.loginService)),
@@ -55,6 +56,7 @@ Task<> AppModel::start() {
     // A task of the model's own, so that `stop` can end it.
     startUpTask_ = platform::startTask(loadAndSubscribe());
     streamTask_ = platform::startTask(consumeQuotes());
+    observeSleep();
     alerts_.removeOrphans(watchlist_.subscriptionSet(), watchlist_.isLoadComplete());
     watchdog_ = platform::startTask(watchStaleness());
     statusBarTicker_ = platform::startTask(tickStatusBar());
@@ -66,11 +68,29 @@ Task<> AppModel::loadAndSubscribe() {
     co_await refreshSubscriptions();
 }
 
+void AppModel::observeSleep() {
+    sleepObserver_.emplace(
+        workspace_.notificationCenter(),
+        [this] { refreshes_.start(fallAsleep(workspace_.delaySleep())); },
+        [this] { refreshes_.start(refreshSubscriptions()); });
+    sleepObserver_->start();
+}
+
+Task<> AppModel::fallAsleep(platform::SleepAssertion) {
+    quotes_.markStale(true);
+    co_await provider_->updateSubscriptions({});
+}
+
+void AppModel::relaunchApplication() {
+    Q_EMIT relaunchRequested();
+}
+
 Task<> AppModel::stop() {
     co_await finishDeliveries();
     startUpTask_ = {};
     watchdog_ = {};
     statusBarTicker_ = {};
+    sleepObserver_.reset();
     streamTask_ = {};
     refreshes_.cancelAll();
     candleLoader_.cancelAll();

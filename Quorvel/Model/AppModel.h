@@ -4,11 +4,13 @@
 #include "Platform/Async/TaskScope.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Platform/Services/Workspace.h"
 #include "Quorvel/Model/CandleLoader.h"
 #include "QuorvelKit/Alerts/AlertStore.h"
 #include "QuorvelKit/Alerts/NotificationCoordinator.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 #include "QuorvelKit/Services/LaunchAtLoginController.h"
+#include "QuorvelKit/Services/SleepWakeObserver.h"
 #include "QuorvelKit/StatusBar/StatusBarSegment.h"
 #include "QuorvelKit/Stores/CandleCache.h"
 #include "QuorvelKit/Stores/QuoteStore.h"
@@ -51,6 +53,7 @@ public:
         SettingsStore& settings;
         std::unique_ptr<NotificationDelivering> delivering;
         std::unique_ptr<LaunchAtLoginManaging> loginService;
+        platform::Workspace& workspace;
         const platform::FileManager& files;
         platform::Clock& clock;
     };
@@ -122,6 +125,10 @@ public:
     /// leaves what there is.
     platform::Task<> loadCandles(Symbol symbol);
 
+    /// Asks for a new instance of the program in place of this one, which takes on the chosen
+    /// language. This one stops first.
+    void relaunchApplication();
+
     /// Stores one quote, from the stream or a snapshot, and fires the alerts that it crosses.
     void handleQuote(const Quote& quote);
 
@@ -134,9 +141,14 @@ Q_SIGNALS:
     void searchQueryChanged();
     void pendingAlertSymbolChanged();
     void statusBarSegmentsChanged();
+    /// The program is to end and to start anew.
+    void relaunchRequested();
 
 private:
     platform::Task<> loadAndSubscribe();
+    void observeSleep();
+    /// Drops the stream; `assertion` delays sleep until that is done.
+    platform::Task<> fallAsleep(platform::SleepAssertion assertion);
     platform::Task<> consumeQuotes();
     platform::Task<> watchStaleness();
     platform::Task<> tickStatusBar();
@@ -152,6 +164,7 @@ private:
     void setStatusBarSegments(std::vector<StatusBarSegment> segments);
 
     platform::Clock& clock_;
+    platform::Workspace& workspace_;
     QuoteStore quotes_;
     CandleCache candles_;
     SettingsStore& settings_;
@@ -173,6 +186,7 @@ private:
     CandleLoader candleLoader_;
     // Last, so that they end first: their frames use the members above.
     platform::TaskHandle streamTask_;
+    std::optional<SleepWakeObserver> sleepObserver_;
     platform::TaskHandle watchdog_;
     platform::TaskHandle statusBarTicker_;
     platform::TaskScope refreshes_;

@@ -1,6 +1,7 @@
 #include "Quorvel/Shell/AppDelegate.h"
 
 #include "Platform/Desktop/StatusItemIconFile.h"
+#include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
 #include "Quorvel/Shell/StatusMenu.h"
@@ -39,6 +40,12 @@ platform::LoginItem loginItem() {
             platform::LoginItem::standardDirectory()};
 }
 
+platform::Workspace::Program workspaceProgram() {
+    return {.name = QStringLiteral("Quorvel"),
+            .sleepReason = platform::localized("Quorvel", "Closing the stream of prices"),
+            .executable = QCoreApplication::applicationFilePath()};
+}
+
 /// The chosen language alone, or those of the session, best first.
 QStringList preferredLanguages(AppLanguage language) {
     const auto identifier = localeIdentifier(language);
@@ -54,10 +61,12 @@ AppDelegate::AppDelegate(const Environment& environment)
       tables_(preferredLanguages(settings_.language())),
       notificationCenter_(notificationSender(environment.iconDirectory),
                           QDBusConnection::sessionBus(), environment.clock),
+      workspace_(workspaceProgram(), QDBusConnection::systemBus(), environment.clock),
       model_({.provider = makeProvider(environment),
               .settings = settings_,
               .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
               .loginService = std::make_unique<SystemLaunchAtLoginService>(loginItem()),
+              .workspace = workspace_,
               .files = environment.files,
               .clock = environment.clock}) {}
 

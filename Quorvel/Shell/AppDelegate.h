@@ -7,6 +7,7 @@
 #include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Services/UserNotificationCenter.h"
+#include "Platform/Services/Workspace.h"
 #include "Quorvel/Model/AppModel.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
@@ -52,6 +53,7 @@ private:
     SettingsStore settings_;
     platform::InstalledTables tables_; // before the model, which may have something to say
     platform::UserNotificationCenter notificationCenter_;
+    platform::Workspace workspace_;
     AppModel model_;
     std::unique_ptr<platform::StatusItem> statusItem_;
     std::unique_ptr<platform::ClockTimer> stopDeadline_;

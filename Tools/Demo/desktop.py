@@ -42,7 +42,12 @@ width = 320
 icon_theme = Adwaita
 enable_recursive_icon_lookup = true
 format = "<b>%s</b>\\n%b"
+frame_width = 1
+frame_color = "#5a5a5a"
+corner_radius = 6
 [urgency_normal]
+background = "#2d2d2d"
+foreground = "#f2f2f2"
 timeout = 8
 """
 

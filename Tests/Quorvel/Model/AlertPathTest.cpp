@@ -65,6 +65,33 @@ TEST_F(AlertPath, FiresFromASnapshotToo) {
                 ElementsAre("ask", "BTC Rises above 100.0000 | Now 101.0000  +1.00%"));
 }
 
+TEST_F(AlertPath, FiresOnceForWhatHappenedWhileTheMachineSlept) {
+    make();
+    addRule(100);
+    start();
+    push(99);
+    provider_->calls.clear();
+    workspace_.notificationCenter().post(platform::Workspace::willSleepNotification);
+    test::drainEvents();
+    EXPECT_THAT(provider_->calls, ElementsAre("subscribe"));
+    EXPECT_TRUE(model_->quotes().isStale());
+    clock_.advance(1h);
+    provider_->snapshotQuotes = {quote(101)};
+    workspace_.notificationCenter().post(platform::Workspace::didWakeNotification);
+    test::drainEvents();
+    push(102);
+    EXPECT_THAT(provider_->calls,
+                ElementsAre("subscribe", "subscribe BTC ETH", "snapshot BTC ETH"));
+    EXPECT_THAT(delivering_->calls,
+                ElementsAre("ask", "BTC Rises above 100.0000 | Now 101.0000  +1.00%"));
+    EXPECT_FALSE(model_->quotes().isStale());
+    test::runTask(model_->stop());
+    provider_->calls.clear();
+    workspace_.notificationCenter().post(platform::Workspace::didWakeNotification);
+    test::drainEvents();
+    EXPECT_THAT(provider_->calls, IsEmpty());
+}
+
 TEST_F(AlertPath, FinishesDeliveriesBeforeItTearsAnythingDown) {
     make();
     addRule(100);

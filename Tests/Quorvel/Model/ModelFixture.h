@@ -7,6 +7,7 @@
 #include "Tests/Support/ScriptedDelivering.h"
 #include "Tests/Support/ScriptedProvider.h"
 
+#include <QDBusConnection>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -39,7 +40,7 @@ protected:
             std::make_unique<quorvel::SystemLaunchAtLoginService>(platform::LoginItem(
                 {QStringLiteral("quorvel"), QStringLiteral("Quorvel"), QStringLiteral("/bin/true")},
                 directory_.filePath(QStringLiteral("autostart")))),
-            files_, clock_});
+            workspace_, files_, clock_});
     }
 
     /// Starts the model, and loads the list of pairs unless told not to.
@@ -74,6 +75,8 @@ protected:
     platform::UserDefaults defaults_{directory_.filePath(QStringLiteral("Quorvel.conf"))};
     quorvel::SettingsStore settings_{defaults_};
     ManualClock clock_;
+    /// Without a login manager: tests post sleep and wake themselves.
+    platform::Workspace workspace_{{}, QDBusConnection(QString()), clock_};
     ScriptedProvider* provider_ = nullptr;
     ScriptedDelivering* delivering_ = nullptr;
     std::unique_ptr<quorvel::AppModel> model_;
