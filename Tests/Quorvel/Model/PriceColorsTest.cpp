@@ -3,40 +3,21 @@
 #include <gtest/gtest.h>
 
 using namespace quorvel;
-using platform::Appearance;
 
-namespace {
-
-const QColor darkGreen(42, 199, 75);
-const QColor darkRed(255, 107, 108);
-const QColor lightGreen(21, 122, 49);
-const QColor lightRed(196, 30, 32);
-
-struct Case {
-    PriceDirection direction;
-    PriceColorScheme scheme;
-    std::optional<QColor> light;
-    std::optional<QColor> dark;
-};
-
-class PriceColors : public testing::TestWithParam<Case> {};
-
-TEST_P(PriceColors, FollowDirectionSchemeAndAppearance) {
-    const Case& c = GetParam();
-    EXPECT_EQ(directionColor(c.direction, c.scheme, Appearance::light), c.light);
-    EXPECT_EQ(directionColor(c.direction, c.scheme, Appearance::dark), c.dark);
-    EXPECT_EQ(directionColor(c.direction, c.scheme).has_value(), c.light.has_value());
+TEST(PriceColors, FollowDirectionSchemeAndAppearance) {
+    using enum PriceDirection;
+    using enum PriceColorScheme;
+    using enum platform::Appearance;
+    const QColor darkGreen(42, 199, 75);
+    const QColor darkRed(255, 107, 108);
+    const QColor lightGreen(21, 122, 49);
+    const QColor lightRed(196, 30, 32);
+    EXPECT_EQ(directionColor(up, redUpGreenDown, light), lightRed);
+    EXPECT_EQ(directionColor(up, redUpGreenDown, dark), darkRed);
+    EXPECT_EQ(directionColor(down, redUpGreenDown, light), lightGreen);
+    EXPECT_EQ(directionColor(down, redUpGreenDown, dark), darkGreen);
+    EXPECT_EQ(directionColor(up, greenUpRedDown, light), lightGreen);
+    EXPECT_EQ(directionColor(down, greenUpRedDown, dark), darkRed);
+    EXPECT_EQ(directionColor(flat, redUpGreenDown, light), std::nullopt);
+    EXPECT_EQ(directionColor(flat, greenUpRedDown), std::nullopt);
 }
-
-using enum PriceDirection;
-using enum PriceColorScheme;
-
-INSTANTIATE_TEST_SUITE_P(Directions, PriceColors,
-                         testing::Values(Case{up, redUpGreenDown, lightRed, darkRed},
-                                         Case{down, redUpGreenDown, lightGreen, darkGreen},
-                                         Case{up, greenUpRedDown, lightGreen, darkGreen},
-                                         Case{down, greenUpRedDown, lightRed, darkRed},
-                                         Case{flat, redUpGreenDown, {}, {}},
-                                         Case{flat, greenUpRedDown, {}, {}}));
-
-} // namespace

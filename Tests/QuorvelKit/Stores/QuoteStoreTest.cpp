@@ -1,6 +1,7 @@
 #include "QuorvelKit/Stores/QuoteStore.h"
 
 #include "Tests/Support/ManualClock.h"
+#include "Tests/Support/MarketSamples.h"
 
 #include <QSignalSpy>
 
@@ -8,10 +9,9 @@
 
 using namespace quorvel;
 using namespace std::chrono_literals;
+using test::btc;
 
 namespace {
-
-const Symbol btc{"BTC", "USDT"};
 
 Quote quoteAt(double seconds, std::int64_t price) {
     return {btc, Decimal(price), Decimal(1), platform::Date(platform::TimeInterval(seconds))};

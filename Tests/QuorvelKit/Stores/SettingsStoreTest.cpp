@@ -1,5 +1,7 @@
 #include "QuorvelKit/Stores/SettingsStore.h"
 
+#include "Tests/Support/Cases.h"
+
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -11,14 +13,6 @@ using namespace quorvel;
 using platform::TimeInterval;
 
 namespace {
-
-struct Loaded {
-    const char* key;
-    const char* stored;
-    std::function<void(DisplaySettings&)> change; ///< what differs from the defaults
-};
-
-class SettingsLoading : public testing::TestWithParam<Loaded> {};
 
 class Settings : public testing::Test {
 protected:
@@ -36,46 +30,63 @@ auto limit(int count) {
 
 void nothing(DisplaySettings&) {}
 
-} // namespace
-
-TEST_P(SettingsLoading, FallsBackKeyByKey) {
-    const QTemporaryDir directory;
-    platform::UserDefaults defaults(directory.filePath(QStringLiteral("Quorvel.conf")));
-    defaults.setString(QString::fromLatin1(GetParam().key), QString::fromLatin1(GetParam().stored));
-    DisplaySettings expected;
-    GetParam().change(expected);
-    EXPECT_EQ(SettingsStore(defaults).display(), expected)
-        << GetParam().key << "=" << GetParam().stored;
+TEST_F(Settings, FallBackKeyByKey) {
+    struct Loaded {
+        const char* key;
+        const char* stored;
+        std::function<void(DisplaySettings&)> change; ///< what differs from the defaults
+    };
+    for (const auto& [key, stored, change] : test::cases(
+             Loaded{"mode", "fixed", [](auto& s) { s.mode = StatusBarDisplayMode::fixed; }},
+             Loaded{"mode", "Rotating", nothing}, Loaded{"mode", "sideBySide ", nothing},
+             Loaded{"content", "changeOnly",
+                    [](auto& s) { s.content = StatusBarContent::changeOnly; }},
+             Loaded{"content", "x", nothing},
+             Loaded{"colorScheme", "greenUpRedDown",
+                    [](auto& s) { s.colorScheme = PriceColorScheme::greenUpRedDown; }},
+             Loaded{"rotationInterval", "0.5", interval(1)},
+             Loaded{"rotationInterval", "12.5", interval(12.5)},
+             Loaded{"rotationInterval", "inf", interval(5)},
+             Loaded{"rotationInterval", "soon", interval(1)},
+             Loaded{"sideBySideLimit", "9", limit(5)}, Loaded{"sideBySideLimit", "2.9", limit(2)},
+             Loaded{"sideBySideLimit", "many", limit(1)},
+             Loaded{"chartPeriod", "week", [](auto& s) { s.chartPeriod = ChartPeriod::week; }},
+             Loaded{"chartPeriod", "Week", nothing},
+             Loaded{"showsIcon", "0", [](auto& s) { s.showsIcon = false; }},
+             Loaded{"showsIcon", "yes", nothing},
+             Loaded{"showsDirectionArrow", "maybe",
+                    [](auto& s) { s.showsDirectionArrow = false; }})) {
+        const QString fullKey = QStringLiteral("display.") + QString::fromLatin1(key);
+        defaults_.setString(fullKey, QString::fromLatin1(stored));
+        DisplaySettings expected;
+        change(expected);
+        EXPECT_EQ(SettingsStore(defaults_).display(), expected) << key << "=" << stored;
+        defaults_.remove(fullKey);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SettingsStore, SettingsLoading,
-    testing::Values(
-        Loaded{"display.mode", "fixed", [](auto& s) { s.mode = StatusBarDisplayMode::fixed; }},
-        Loaded{"display.mode", "Rotating", nothing}, Loaded{"display.mode", "sideBySide ", nothing},
-        Loaded{"display.content", "changeOnly",
-               [](auto& s) { s.content = StatusBarContent::changeOnly; }},
-        Loaded{"display.content", "x", nothing},
-        Loaded{"display.colorScheme", "greenUpRedDown",
-               [](auto& s) { s.colorScheme = PriceColorScheme::greenUpRedDown; }},
-        Loaded{"display.rotationInterval", "0.5", interval(1)},
-        Loaded{"display.rotationInterval", "120", interval(60)},
-        Loaded{"display.rotationInterval", "12.5", interval(12.5)},
-        Loaded{"display.rotationInterval", "nan", interval(5)},
-        Loaded{"display.rotationInterval", "inf", interval(5)},
-        Loaded{"display.rotationInterval", "soon", interval(1)},
-        Loaded{"display.sideBySideLimit", "0", limit(1)},
-        Loaded{"display.sideBySideLimit", "9", limit(5)},
-        Loaded{"display.sideBySideLimit", "2.9", limit(2)},
-        Loaded{"display.sideBySideLimit", "many", limit(1)},
-        Loaded{"display.sideBySideLimit", "99999999999999999999", limit(5)},
-        Loaded{"display.chartPeriod", "week", [](auto& s) { s.chartPeriod = ChartPeriod::week; }},
-        Loaded{"display.showsIcon", "0", [](auto& s) { s.showsIcon = false; }},
-        Loaded{"display.showsIcon", "yes", nothing},
-        Loaded{"display.showsDirectionArrow", "maybe",
-               [](auto& s) { s.showsDirectionArrow = false; }}));
+TEST_F(Settings, FollowTheSystemWhereLanguageOrAppearanceIsUnknown) {
+    struct Stored {
+        const char* language;
+        const char* appearance;
+        AppLanguage expectedLanguage;
+        AppearanceMode expectedAppearance;
+    };
+    for (const auto& [language, appearance, expectedLanguage, expectedAppearance] :
+         {Stored{"", "", AppLanguage::system, AppearanceMode::system},
+          Stored{"English", "dark ", AppLanguage::system, AppearanceMode::system},
+          Stored{"zh-Hans", "1", AppLanguage::system, AppearanceMode::system},
+          Stored{"english", "Light", AppLanguage::english, AppearanceMode::system},
+          Stored{"light", "light", AppLanguage::system, AppearanceMode::light}}) {
+        defaults_.setString(QStringLiteral("interfaceLanguage"), QString::fromLatin1(language));
+        defaults_.setString(QStringLiteral("interfaceAppearance"), QString::fromLatin1(appearance));
+        const SettingsStore store(defaults_);
+        EXPECT_EQ(store.language(), expectedLanguage) << language;
+        EXPECT_EQ(store.appearance(), expectedAppearance) << appearance;
+    }
+}
 
-TEST_F(Settings, LoadsDefaultsAndWritesNothing) {
+TEST_F(Settings, LoadDefaultsAndWriteNothing) {
     const SettingsStore store(defaults_);
     EXPECT_EQ(store.display(), DisplaySettings());
     EXPECT_EQ(store.language(), AppLanguage::system);
@@ -84,27 +95,7 @@ TEST_F(Settings, LoadsDefaultsAndWritesNothing) {
     EXPECT_FALSE(defaults_.hasObject(QStringLiteral("interfaceLanguage")));
 }
 
-TEST_F(Settings, FollowsTheSystemWhereLanguageOrAppearanceIsUnknown) {
-    const auto language = QStringLiteral("interfaceLanguage");
-    const auto appearance = QStringLiteral("interfaceAppearance");
-    for (const char* unknown : {"", "English", "dark ", "zh-Hans", "1"}) {
-        defaults_.setString(language, QString::fromLatin1(unknown));
-        defaults_.setString(appearance, QString::fromLatin1(unknown));
-        const SettingsStore store(defaults_);
-        EXPECT_EQ(store.language(), AppLanguage::system) << unknown;
-        EXPECT_EQ(store.appearance(), AppearanceMode::system) << unknown;
-    }
-    // Each falls back on its own.
-    defaults_.setString(language, QStringLiteral("english"));
-    EXPECT_EQ(SettingsStore(defaults_).language(), AppLanguage::english);
-    EXPECT_EQ(SettingsStore(defaults_).appearance(), AppearanceMode::system);
-    defaults_.setString(language, QStringLiteral("light"));
-    defaults_.setString(appearance, QStringLiteral("light"));
-    EXPECT_EQ(SettingsStore(defaults_).language(), AppLanguage::system);
-    EXPECT_EQ(SettingsStore(defaults_).appearance(), AppearanceMode::light);
-}
-
-TEST_F(Settings, WritesEveryAssignmentAndTellsOfChanges) {
+TEST_F(Settings, WriteEveryAssignmentAndTellOfChanges) {
     SettingsStore store(defaults_);
     QSignalSpy spy(&store, &SettingsStore::displayChanged);
     store.setDisplay(store.display());
@@ -118,9 +109,11 @@ TEST_F(Settings, WritesEveryAssignmentAndTellsOfChanges) {
     EXPECT_EQ(SettingsStore(defaults_).display(), changed);
 }
 
-TEST_F(Settings, WritesThePreferredLanguagesForTheNextLaunch) {
+TEST_F(Settings, WriteThePreferredLanguagesForTheNextLaunch) {
     SettingsStore store(defaults_);
     const auto languages = QStringLiteral("AppleLanguages");
+    store.setLanguage(AppLanguage::english);
+    EXPECT_EQ(defaults_.stringArray(languages), QStringList{QStringLiteral("en")});
     store.setLanguage(AppLanguage::simplifiedChinese);
     EXPECT_EQ(defaults_.stringArray(languages), QStringList{QStringLiteral("zh-Hans")});
     EXPECT_EQ(SettingsStore(defaults_).language(), AppLanguage::simplifiedChinese);
@@ -129,3 +122,5 @@ TEST_F(Settings, WritesThePreferredLanguagesForTheNextLaunch) {
     store.setAppearance(AppearanceMode::dark);
     EXPECT_EQ(SettingsStore(defaults_).appearance(), AppearanceMode::dark);
 }
+
+} // namespace
