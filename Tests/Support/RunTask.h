@@ -56,4 +56,15 @@ T runTask(platform::Task<T> task) {
     return Running<T>(std::move(task)).result();
 }
 
+/// The error of that type with which a task ends; absent where it ends well. Any other passes on.
+template <typename Error, typename T>
+std::optional<Error> errorOf(platform::Task<T> task) {
+    try {
+        runTask(std::move(task));
+    } catch (const Error& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
 } // namespace test

@@ -81,6 +81,13 @@ QJsonObject SimulatorProcess::control(const QString& name, const QJsonObject& pa
     return QJsonDocument::fromJson(exchange(port_, request(name, parameters))).object();
 }
 
+QJsonObject SimulatorProcess::control(const char* name, const QByteArray& parameters) const {
+    const QJsonDocument document = QJsonDocument::fromJson(parameters);
+    if (!document.isObject())
+        throw std::logic_error("not a JSON object: " + parameters.toStdString());
+    return control(QString::fromUtf8(name), document.object());
+}
+
 QJsonArray SimulatorProcess::log(qint64 number) const {
     const QByteArray body =
         exchange(port_, request(QStringLiteral("log"), {{QStringLiteral("since"), number}}));

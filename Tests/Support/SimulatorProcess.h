@@ -35,6 +35,8 @@ public:
 
     /// Makes the control call `name`, such as "push", and gives its answer.
     QJsonObject control(const QString& name, const QJsonObject& parameters = {}) const;
+    /// The same with the parameters as JSON.
+    QJsonObject control(const char* name, const QByteArray& parameters) const;
 
     /// The events numbered above `number`.
     QJsonArray log(qint64 number = 0) const;

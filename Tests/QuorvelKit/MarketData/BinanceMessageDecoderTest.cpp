@@ -1,16 +1,17 @@
 #include "QuorvelKit/MarketData/BinanceMessageDecoder.h"
 
+#include "Tests/Support/Cases.h"
+#include "Tests/Support/MarketSamples.h"
+
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
+using namespace quorvel;
 using namespace std::string_literals;
-using quorvel::BinanceMessage;
-using quorvel::BinanceMessageDecoder;
-using quorvel::ControlAck;
-using quorvel::Decimal;
-using quorvel::IgnoredMessage;
-using quorvel::Quote;
+using test::cases;
+using test::decimal;
 
 namespace {
 
@@ -19,25 +20,24 @@ BinanceMessage decode(const std::string& frame) {
         QByteArrayView(frame.data(), static_cast<qsizetype>(frame.size())));
 }
 
-/// Seconds after 1970.
+/// @param seconds after 1970
 Quote quote(const char* base, const char* price, const char* change, double seconds) {
     return {{base, "USDT"},
-            Decimal::fromAPIString(price).value(),
-            Decimal::fromAPIString(change).value(),
+            decimal(price),
+            decimal(change),
             platform::dateSince1970(platform::TimeInterval(seconds))};
-}
-
-/// An envelope around the given members of the event.
-std::string enveloped(const std::string& members) {
-    return R"({"stream":"btcusdt@ticker","data":{)" + members + "}}";
 }
 
 const std::string complete =
     R"({"stream":"btcusdt@ticker","data":{"e":"24hrTicker","E":1700000000123,"s":"BTCUSDT",)"
     R"("c":"37012.50000000","P":"-1.250","o":"37480.00"}})";
 
-TEST(BinanceMessageDecoder, ReadsATicker) {
-    EXPECT_EQ(decode(complete), BinanceMessage(quote("BTC", "37012.5", "-1.25", 1700000000.123)));
+/// The complete frame with its only `part` replaced.
+std::string with(const std::string& part, const std::string& by) {
+    const std::size_t at = complete.find(part);
+    if (at == std::string::npos || complete.find(part, at + 1) != std::string::npos)
+        throw std::logic_error("not once: " + part);
+    return std::string(complete).replace(at, part.size(), by);
 }
 
 TEST(BinanceMessageDecoder, IgnoresATickerCutOffAnywhere) {
@@ -51,146 +51,78 @@ TEST(BinanceMessageDecoder, SurvivesEveryDamagedByte) {
             std::string damaged = complete;
             damaged[at] = c;
             const auto message = decode(damaged);
-            if (!std::holds_alternative<Quote>(message))
-                continue;
             // What still is a ticker still has a pair in USDT.
-            EXPECT_EQ(std::get<Quote>(message).symbol.quote, "USDT") << damaged;
+            if (const auto* const ticker = std::get_if<Quote>(&message))
+                EXPECT_EQ(ticker->symbol.quote, "USDT") << damaged;
         }
     }
 }
 
-struct TickerCase {
-    std::string frame;
-    Quote expected;
-};
-
-class Ticker : public testing::TestWithParam<TickerCase> {};
-
-TEST_P(Ticker, GivesAQuote) {
-    EXPECT_EQ(decode(GetParam().frame), BinanceMessage(GetParam().expected)) << GetParam().frame;
+TEST(BinanceMessageDecoder, ReadsATickerHoweverItIsWritten) {
+    const Quote usual = quote("BTC", "37012.5", "-1.25", 1700000000.123);
+    struct Ticker {
+        std::string frame;
+        Quote expected;
+    };
+    for (const auto& [frame, expected] : cases(
+             Ticker{complete, usual}, Ticker{with("BTCUSDT", "btcusdt"), usual},
+             Ticker{with("37012.50000000", "\\t3.70125E4 "), usual},
+             Ticker{with("\"e\"", "\"\\u0065\""), usual},
+             Ticker{with("1700000000123", "-1e3"), quote("BTC", "37012.5", "-1.25", -1)},
+             Ticker{with("BTCUSDT", "\\u00e4１USDT"),
+                    quote("\u00c4\uff11", "37012.5", "-1.25", 1700000000.123)},
+             // Numbers that no type holds, in keys that nobody reads.
+             Ticker{with("\"37480.00\"", "[1e999,{\"e\":123456789012345678901234567890}]"), usual},
+             // Of a repeated key the last one counts, at every level.
+             Ticker{with("{\"stream\"", "{\"stream\":1,\"data\":{\"c\":\"9\"},\"stream\""), usual},
+             Ticker{with("\"E\"", "\"E\":\"x\",\"c\":\"8\",\"E\""), usual},
+             Ticker{" {\r\n\t\"id\" : 5 , \"data\" : { \"e\" : \"24hrTicker\" , \"E\" : 1 , "
+                    "\"s\" : \"AUSDT\" , \"c\" : \"1\" , \"P\" : \"2\" } , \"stream\" : \"\" } \n",
+                    quote("A", "1", "2", 0.001)}))
+        EXPECT_EQ(decode(frame), BinanceMessage(expected)) << frame;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    BinanceMessageDecoder, Ticker,
-    testing::Values(
-        TickerCase{enveloped(R"("e":"24hrTicker","E":0,"s":"btcusdt","c":"1","P":"0")"),
-                   quote("BTC", "1", "0", 0)},
-        TickerCase{
-            enveloped(
-                R"("P":"+"   ,"P":" 2 ","c":"\t123.4 ","s":"ETHUSDT","E":-1000,"e":"24hrTicker")"),
-            quote("ETH", "123.4", "2", -1)},
-        TickerCase{enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1e-8","P":"-3.5")"),
-                   quote("BTC", "0.00000001", "-3.5", 0.001)},
-        TickerCase{
-            enveloped(
-                R"("\u0065":"24hr\u0054icker","E":1e3,"s":"\u00e4usdt","c":"\u0031","P":"1")"),
-            quote("\u00c4", "1", "1", 1)},
-        TickerCase{enveloped(R"("e":"24hrTicker","E":1,"s":"１２USDT","c":"1","P":"1")"),
-                   quote("\uff11\uff12", "1", "1", 0.001)},
-        TickerCase{" {\r\n\t\"id\" : 5 , \"data\" : { \"e\" : \"24hrTicker\" , \"E\" : 1 , \"s\" : "
-                   "\"AUSDT\" , "
-                   "\"c\" : \"1\" , \"P\" : \"1\" } , \"stream\" : \"\" } \n",
-                   quote("A", "1", "1", 0.001)},
-        // Numbers that no type holds, in keys that nobody reads.
-        TickerCase{
-            enveloped(
-                R"("x":1e999,"y":123456789012345678901234567890,"z":-1e-999,"e":"24hrTicker",)"
-                R"("E":1,"s":"BTCUSDT","c":"1","P":"1","w":[[{"e":"x","c":[]}],{"s":null}])"),
-            quote("BTC", "1", "1", 0.001)},
-        // A repeated key: the last one counts, at every level.
-        TickerCase{
-            R"({"stream":1,"stream":"s","data":{"c":"9"},"data":{"e":"24hrTicker","E":"x","E":1,)"
-            R"("s":"BTCUSDT","c":"8","c":"7","P":"1"}})",
-            quote("BTC", "7", "1", 0.001)}));
-
-class NoTicker : public testing::TestWithParam<std::string> {};
-
-TEST_P(NoTicker, IsIgnored) {
-    EXPECT_EQ(decode(GetParam()), BinanceMessage(IgnoredMessage())) << GetParam();
+TEST(BinanceMessageDecoder, IgnoresWhatIsNoTickerInUSDT) {
+    for (const std::string& frame :
+         cases("hello"s, "null"s, "[]"s, "5"s, "{}"s, complete + complete, complete + "}",
+               complete + "\0"s,
+               // Faults in what nobody reads.
+               with("\"37480.00\"", "tru"), with("37480.00", "\\ud800"), with("37480.00", "\xC3"),
+               with("\"37480.00\"", std::string(100'000, '[')),
+               with("\"37480.00\"", std::string(600, '[') + std::string(600, ']')),
+               // A required key missing or of another type.
+               with("stream", "Stream"), with("\"btcusdt@ticker\"", "null"), with("data", "DATA"),
+               with("\"e\"", "\"x\""), with("\"E\"", "\"x\""), with("\"P\"", "\"p\""),
+               with("1700000000123", "1.5"), with("1700000000123", "\"1\""),
+               with("1700000000123", "null"), with("1700000000123", "9223372036854775808"),
+               with("\"BTCUSDT\"", "7"), with("\"37012.50000000\"", "1"), with("\"-1.250\"", "1"),
+               with("\"o\"", "\"c\":1,\"o\""), R"({"stream":"s","data":[]})"s,
+               // Another event, pair or number; an envelope is no acknowledgement even then.
+               with("24hrTicker", "24hrticker"), with("24hrTicker", "24hrMiniTicker"),
+               with("24hrTicker", "24hrTicker\\u0000"), with("BTCUSDT", "USDT"),
+               with("BTCUSDT", "ETHBTC"), with("37012.50000000", "+1"), with("-1.250", "1,5"),
+               with("-1.250", ""), with("24hrTicker", "x").replace(1, 0, "\"id\":5,")))
+        EXPECT_EQ(decode(frame), BinanceMessage(IgnoredMessage())) << frame;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Malformed, NoTicker,
-    testing::Values(
-        ""s, " "s, "hello"s, "null"s, "[]"s, "5"s, "{}"s, complete + complete, complete + "}",
-        complete + "x", complete + " 1", complete + "\0"s, "\xEF\xBB\xBF" + complete,
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","x":tru)"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","x":01)"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","x":"\ud800")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","x":"\q")"),
-        enveloped("\"e\":\"24hrTicker\",\"E\":1,\"s\":\"BTCUSDT\",\"c\":\"1\",\"P\":\"1\",\"x\":"
-                  "\"\xC3\""),
-        enveloped(
-            "\"e\":\"24hrTicker\",\"E\":1,\"s\":\"BTCUSDT\",\"c\":\"1\",\"P\":\"1\",\"x\":\"\n\""),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1",)"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","x":[1,2)"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","x":)" +
-                  std::string(100'000, '[')),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","x":)" +
-                  std::string(600, '[') + std::string(600, ']')),
-        R"({"result":null,"id":7)"s, R"({"result":null,"id":7}})"s, R"({"result":nul,"id":7})"s));
-
-INSTANTIATE_TEST_SUITE_P(
-    Incomplete, NoTicker,
-    testing::Values(
-        // One of the required keys missing, null or of another type.
-        R"({"data":{"e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1"}})"s,
-        R"({"stream":null,"data":{"e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1"}})"s,
-        R"({"stream":"s","data":null})"s, R"({"stream":"s","data":[]})"s,
-        R"({"stream":"s","DATA":{"e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1"}})"s,
-        R"({"e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1"})"s,
-        enveloped(R"("E":1,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1.5,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":"1","s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":null,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":9223372036854775808,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":7,"c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":1,"P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","p":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1","P":1)")));
-
-INSTANTIATE_TEST_SUITE_P(
-    NotWanted, NoTicker,
-    testing::Values(
-        enveloped(R"("e":"24hrticker","E":1,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrMiniTicker","E":1,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker ","E":1,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker\u0000","E":1,"s":"BTCUSDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"USDT","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"ETHBTC","c":"1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"+1","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":".5","P":"1")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"1","P":"1,5")"),
-        enveloped(R"("e":"24hrTicker","E":1,"s":"BTCUSDT","c":"","P":"1")"),
-        // A valid envelope is never an acknowledgement, even where it is dropped.
-        R"({"id":5,"stream":"s","data":{"e":"x","E":1,"s":"BTCUSDT","c":"1","P":"1"}})"s));
-
-struct AckCase {
-    std::string frame;
-    BinanceMessage expected;
-};
-
-class ControlResponse : public testing::TestWithParam<AckCase> {};
-
-TEST_P(ControlResponse, CarriesAnIntegerId) {
-    EXPECT_EQ(decode(GetParam().frame), GetParam().expected) << GetParam().frame;
+TEST(BinanceMessageDecoder, FindsTheWholeNumberOfAControlResponse) {
+    struct Response {
+        const char* frame;
+        BinanceMessage expected;
+    };
+    for (const auto& [frame, expected] : cases(
+             Response{R"({"result":null,"id":7})", ControlAck{7}},
+             Response{R"({"code":2,"msg":"Invalid request","id":-9223372036854775808})",
+                      ControlAck{std::numeric_limits<std::int64_t>::min()}},
+             Response{R"({"stream":"s","data":{"e":"24hrTicker"},"id":3})", ControlAck{3}},
+             Response{R"({"id":1,"id":2})", ControlAck{2}},
+             Response{R"({"id":1,"id":"2"})", IgnoredMessage()},
+             Response{R"({"id":7.5})", IgnoredMessage()}, Response{R"({"ID":7})", IgnoredMessage()},
+             Response{R"([{"id":7}])", IgnoredMessage()},
+             Response{R"({"result":null,"id":7)", IgnoredMessage()},
+             Response{R"({"result":nul,"id":7})", IgnoredMessage()},
+             Response{R"({"code":1,"msg":"x"})", IgnoredMessage()}))
+        EXPECT_EQ(decode(frame), expected) << frame;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    BinanceMessageDecoder, ControlResponse,
-    testing::Values(AckCase{R"({"result":null,"id":7})", ControlAck{7}},
-                    AckCase{R"({"code":2,"msg":"Invalid request","id":-9223372036854775808})",
-                            ControlAck{std::numeric_limits<std::int64_t>::min()}},
-                    AckCase{R"({"stream":"s","data":{"e":"24hrTicker"},"id":3})", ControlAck{3}},
-                    AckCase{R"({"id":1,"id":2})", ControlAck{2}},
-                    AckCase{R"({"id":1,"id":"2"})", IgnoredMessage()},
-                    AckCase{R"({"id":null})", IgnoredMessage()},
-                    AckCase{R"({"id":"7"})", IgnoredMessage()},
-                    AckCase{R"({"id":7.5})", IgnoredMessage()},
-                    AckCase{R"({"ID":7})", IgnoredMessage()},
-                    AckCase{R"({"id":9223372036854775808})", IgnoredMessage()},
-                    AckCase{R"([{"id":7}])", IgnoredMessage()},
-                    AckCase{R"({"code":1,"msg":"x"})", IgnoredMessage()}));
 
 } // namespace

@@ -4,33 +4,34 @@
 #include "Platform/Foundation/SystemClock.h"
 #include "Platform/Foundation/URLError.h"
 #include "QuorvelKit/MarketData/HTTPTransportError.h"
-#include "Tests/Support/ManualClock.h"
+#include "Tests/Support/MarketSamples.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/SimulatorProcess.h"
 
 #include <gtest/gtest.h>
 
 using namespace quorvel;
+using namespace test;
 using platform::Task;
 
 namespace {
 
-const Symbol btc{"BTC", "USDT"};
 const Symbol umlaut{"Ä", "USDT"};
 const Symbol fullWidth{"１２", "USDT"};
-
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
 
 /// The provider on its network thread, against the simulator.
 class Provider : public testing::Test {
 protected:
-    void push(const char* symbol, const char* price) const {
-        simulator_.control(text("push"), {{text("symbol"), text(symbol)},
-                                          {text("price"), text(price)},
-                                          {text("change"), text("1.5")}});
+    void push(const QByteArray& symbol, const QByteArray& price) const {
+        simulator_.control("push", R"({"symbol":")" + symbol + R"(","price":")" + price + "\"}");
     }
+
+    /// How the simulator answers requests for candles; the members of a "rest" control.
+    void answerCandles(const QByteArray& members) const {
+        simulator_.control("rest", R"({"path":"/api/v3/klines",)" + members + "}");
+    }
+
+    Task<std::vector<Candle>> candles() { return provider_->candles(btc, ChartPeriod::week); }
 
     static Task<> collect(BinanceProvider& provider, std::vector<Quote>& quotes, bool& ended) {
         auto stream = co_await provider.quotes();
@@ -39,44 +40,33 @@ protected:
         ended = true;
     }
 
+    void subscribe(const SymbolSet& symbols) {
+        runTask(provider_->updateSubscriptions(symbols));
+        ASSERT_TRUE(waitUntil([this] { return connectionCount() == 1; }));
+    }
+
     qsizetype connectionCount() const {
         return simulator_.state()[u"connections"].toArray().size();
     }
 
-    bool becomesConnected() const {
-        return test::waitUntil([this] { return connectionCount() == 1; });
-    }
-
-    /// The error of that type that `call` throws; absent where it throws none.
-    template <typename Error>
-    static std::optional<Error> errorOf(const auto& call) {
-        try {
-            call();
-        } catch (const Error& error) {
-            return error;
-        }
-        return std::nullopt;
-    }
-
-    test::SimulatorProcess simulator_;
+    SimulatorProcess simulator_;
     platform::SystemClock clock_;
     std::unique_ptr<BinanceProvider> provider_ =
         BinanceProvider::live(clock_, simulator_.restURL(), simulator_.streamURL());
     std::vector<Quote> quotes_;
     bool ended_ = false;
-    test::Running<void> consumer_{collect(*provider_, quotes_, ended_)};
+    Running<void> consumer_{collect(*provider_, quotes_, ended_)};
 };
 
 TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
-    test::runTask(provider_->updateSubscriptions({btc}));
-    ASSERT_TRUE(becomesConnected());
+    subscribe({btc});
     push("BTCUSDT", "65000.10");
-    ASSERT_TRUE(test::waitUntil([&] { return quotes_.size() == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return quotes_.size() == 1; }));
     EXPECT_EQ(quotes_[0].symbol, btc);
-    EXPECT_EQ(quotes_[0].lastPrice, Decimal::fromAPIString("65000.1"));
-    test::runTask(provider_->stop());
-    EXPECT_TRUE(test::waitUntil([&] { return ended_; }));
-    const auto closed = simulator_.details(text("streamClosed"));
+    EXPECT_EQ(quotes_[0].lastPrice, decimal("65000.1"));
+    runTask(provider_->stop());
+    EXPECT_TRUE(waitUntil([&] { return ended_; }));
+    const auto closed = simulator_.details(QStringLiteral("streamClosed"));
     ASSERT_EQ(closed.size(), 1) << "stop returned before the connection was closed";
     EXPECT_EQ(closed[0][u"code"].toInt(), 1001);
 }
@@ -84,74 +74,49 @@ TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
 TEST_F(Provider, KnowsPairsWithLettersAndDigitsFromAnyScript) {
     push("ÄUSDT", "0.00001234");
     push("１２USDT", "7");
-    const auto snapshot = test::runTask(provider_->snapshot({umlaut, fullWidth}));
+    const auto snapshot = runTask(provider_->snapshot({umlaut, fullWidth}));
     ASSERT_EQ(snapshot.size(), 2u);
     EXPECT_EQ(snapshot[0].symbol, umlaut);
     EXPECT_EQ(snapshot[1].symbol, fullWidth);
 
-    test::runTask(provider_->updateSubscriptions({btc, umlaut}));
-    ASSERT_TRUE(becomesConnected());
-    test::runTask(provider_->updateSubscriptions({umlaut, fullWidth}));
-    ASSERT_TRUE(test::waitUntil([&] { return simulator_.details(text("text")).size() == 2; }));
+    subscribe({btc, umlaut});
+    subscribe({umlaut, fullWidth});
+    ASSERT_EQ(simulator_.waitForDetails(QStringLiteral("text"), 2).size(), 2);
     push("ÄUSDT", "1");
     push("１２USDT", "2");
     push("BTCUSDT", "3");
-    ASSERT_TRUE(test::waitUntil([&] { return quotes_.size() >= 2; }));
+    ASSERT_TRUE(waitUntil([&] { return quotes_.size() >= 2; }));
     EXPECT_EQ(quotes_[0].symbol, umlaut);
     EXPECT_EQ(quotes_[1].symbol, fullWidth);
 }
 
-TEST_F(Provider, ComesBackAfterTheExchangeWasAwayWithOneConnection) {
-    test::runTask(provider_->updateSubscriptions({btc}));
-    ASSERT_TRUE(becomesConnected());
-    simulator_.kill();
-    test::waitUntil([] { return false; }, std::chrono::milliseconds(1500));
-    simulator_.restartOnSamePort();
-    const auto restarted = clock_.uptime();
-    ASSERT_TRUE(becomesConnected());
-    push("BTCUSDT", "1");
-    ASSERT_TRUE(test::waitUntil([&] { return !quotes_.empty(); }));
-    EXPECT_LT(clock_.uptime() - restarted, std::chrono::seconds(3));
-    EXPECT_EQ(connectionCount(), 1);
-    EXPECT_EQ(simulator_.details(text("streamOpened")).size(), 1);
-}
-
 TEST_F(Provider, ReadsALargeListOfPairs) {
-    simulator_.control(text("exchangeInfo"), {{text("bytes"), 10'000'000}});
-    EXPECT_GT(test::runTask(provider_->availableSymbols()).size(), 500u);
+    simulator_.control("exchangeInfo", R"({"bytes":10000000})");
+    EXPECT_GT(runTask(provider_->availableSymbols()).size(), 500u);
 }
 
 TEST_F(Provider, PassesErrorsOnFromTheNetworkThread) {
-    const auto candles = [this] {
-        return test::runTask(provider_->candles(btc, ChartPeriod::week));
-    };
-    const auto answer = [this](const QJsonObject& answer) {
-        QJsonObject override = answer;
-        override[u"path"] = text("/api/v3/klines");
-        simulator_.control(text("rest"), override);
-    };
-    answer({{text("status"), 418}});
-    EXPECT_EQ(errorOf<HTTPTransportError>(candles), HTTPTransportError::requestFailed(418));
-    answer({{text("body"), text("[[1,2")}});
-    EXPECT_EQ(errorOf<platform::DecodingError>(candles)->kind(),
+    answerCandles(R"("status":418)");
+    EXPECT_EQ(errorOf<HTTPTransportError>(candles()), HTTPTransportError::requestFailed(418));
+    answerCandles(R"("body":"[[1,2")");
+    EXPECT_EQ(errorOf<platform::DecodingError>(candles())->kind(),
               platform::DecodingError::Kind::dataCorrupted);
-    answer({{text("reset"), true}});
-    EXPECT_EQ(candles().size(), 42u);
+    answerCandles(R"("reset":true)");
+    EXPECT_EQ(runTask(candles()).size(), 42u);
     simulator_.kill();
-    EXPECT_EQ(errorOf<platform::URLError>(candles)->code(),
+    EXPECT_EQ(errorOf<platform::URLError>(candles())->code(),
               platform::URLError::Code::cannotConnect);
 }
 
 TEST_F(Provider, MayGoWhileCallsAreUnderWay) {
-    simulator_.control(text("rest"),
-                       {{text("path"), text("/api/v3/exchangeInfo")}, {text("hang"), true}});
-    test::Running<std::vector<Symbol>> hanging(provider_->availableSymbols());
-    test::runTask(provider_->updateSubscriptions({btc}));
-    test::waitUntil([&] { return !simulator_.details(text("request")).isEmpty(); });
+    simulator_.control("rest", R"({"path":"/api/v3/exchangeInfo","hang":true})");
+    Running<std::vector<Symbol>> hanging(provider_->availableSymbols());
+    runTask(provider_->updateSubscriptions({btc}));
+    ASSERT_EQ(simulator_.waitForDetails(QStringLiteral("request")).size(), 1);
     hanging.cancel();
     consumer_.cancel();
     provider_.reset();
-    EXPECT_TRUE(test::waitUntil([&] { return connectionCount() == 0; }));
+    EXPECT_TRUE(waitUntil([&] { return connectionCount() == 0; }));
 }
 
 } // namespace

@@ -4,25 +4,25 @@
 #include "Platform/Foundation/URLError.h"
 #include "QuorvelKit/MarketData/HTTPTransportError.h"
 #include "Tests/Support/ManualClock.h"
+#include "Tests/Support/MarketSamples.h"
 #include "Tests/Support/RunTask.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace quorvel;
+using namespace test;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
-const Symbol btc{"BTC", "USDT"};
 const Symbol umlaut{"Ä", "USDT"};
 
 /// Answers every request with the same body, or fails as told, and notes the URLs.
 class ScriptedTransport final : public HTTPTransport {
 public:
     struct State {
-        test::ManualClock clock;
+        ManualClock clock;
         std::chrono::seconds delay{0};
         std::vector<std::string> urls;
         QByteArray body;
@@ -43,21 +43,17 @@ private:
 
 class REST : public testing::Test {
 protected:
-    bool fails(auto task) {
-        try {
-            test::runTask(std::move(task));
-            return false;
-        } catch (const platform::DecodingError&) {
-            return true;
+    /// Each of the bodies must make the call fail.
+    void expectRefusal(const auto& call, std::initializer_list<const char*> bodies) {
+        for (const char* body : bodies) {
+            state_.body = body;
+            EXPECT_THROW(runTask(call()), platform::DecodingError) << body;
         }
     }
 
-    std::vector<std::string> snapshotOf(const QByteArray& body) {
+    std::vector<Quote> snapshotOf(const QByteArray& body) {
         state_.body = body;
-        std::vector<std::string> found;
-        for (const Quote& quote : test::runTask(client_.snapshot({btc})))
-            found.push_back(quote.symbol.base + " " + quote.lastPrice.plainText());
-        return found;
+        return runTask(client_.snapshot({btc}));
     }
 
     ScriptedTransport::State state_;
@@ -69,11 +65,11 @@ protected:
 
 TEST_F(REST, WritesItsRequestsAsTheExchangeReadsThem) {
     state_.body = "[]";
-    test::runTask(client_.snapshot({{"ETH", "USDT"}, btc, umlaut}));
-    test::runTask(client_.candles(umlaut, ChartPeriod::week));
-    test::runTask(client_.candles(btc, ChartPeriod::day));
+    runTask(client_.snapshot({eth, btc, umlaut}));
+    runTask(client_.candles(umlaut, ChartPeriod::week));
+    runTask(client_.candles(btc, ChartPeriod::day));
     state_.body = R"({"symbols":[]})";
-    test::runTask(client_.availableSymbols());
+    runTask(client_.availableSymbols());
     EXPECT_THAT(
         state_.urls,
         ElementsAre(
@@ -82,39 +78,28 @@ TEST_F(REST, WritesItsRequestsAsTheExchangeReadsThem) {
             "https://host.example/api/v3/klines?symbol=%C3%84USDT&interval=4h&limit=42",
             "https://host.example/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=24",
             "https://host.example/api/v3/exchangeInfo"));
-    EXPECT_TRUE(test::runTask(client_.snapshot({})).empty());
+    EXPECT_TRUE(runTask(client_.snapshot({})).empty());
     EXPECT_EQ(state_.urls.size(), 4u) << "asked for no pairs";
 }
 
-TEST_F(REST, SkipsTickersThatMakeNoSense) {
-    EXPECT_THAT(snapshotOf(R"([{"symbol":"ETHBTC","lastPrice":"1","priceChangePercent":"1"},
-        {"symbol":"ETHUSDT","lastPrice":"1,5","priceChangePercent":"1"},
-        {"symbol":"ETHUSDT","lastPrice":"1","priceChangePercent":""},
-        {"extra":{"a":[1]},"symbol":"btcusdt","lastPrice":"0.00001234","priceChangePercent":"-1"},
-        {"symbol":"ETHUSDT","lastPrice":"2","priceChangePercent":"0"}])"),
-                ElementsAre("BTC 0.00001234", "ETH 2"));
-}
-
-TEST_F(REST, StampsASnapshotWithTheInstantItArrived) {
-    state_.body = R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":"1"},
-        {"symbol":"ETHUSDT","lastPrice":"2","priceChangePercent":"0"}])";
+TEST_F(REST, SkipsTickersThatMakeNoSenseAndStampsTheRestWithTheInstantTheyArrived) {
     state_.delay = std::chrono::seconds(3);
     const auto arrival = state_.clock.now() + state_.delay;
-    const auto quotes = test::runTask(client_.snapshot({btc}));
-    ASSERT_EQ(quotes.size(), 2u);
-    EXPECT_EQ(quotes[0].timestamp, arrival);
-    EXPECT_EQ(quotes[1].timestamp, arrival);
+    EXPECT_THAT(
+        snapshotOf(R"([{"symbol":"ETHBTC","lastPrice":"1","priceChangePercent":"1"},
+            {"symbol":"ETHUSDT","lastPrice":"1,5","priceChangePercent":"1"},
+            {"symbol":"ETHUSDT","lastPrice":"1","priceChangePercent":""},
+            {"extra":{"a":[1]},"symbol":"btcusdt","lastPrice":"0.00001234","priceChangePercent":"-1"},
+            {"symbol":"ETHUSDT","lastPrice":"2","priceChangePercent":"0"}])"),
+        ElementsAre(Quote{btc, decimal("0.00001234"), -1, arrival}, Quote{eth, 2, 0, arrival}));
 }
 
 TEST_F(REST, FailsOnASnapshotOfAnotherForm) {
-    for (const char* body :
-         {"", "{}", "[{}]", "[7]",
-          R"([{"symbol":"BTCUSDT","lastPrice":1,"priceChangePercent":"1"}])",
-          R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":null}])",
-          R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":"1"}] x)", "<html>"}) {
-        state_.body = body;
-        EXPECT_TRUE(fails(client_.snapshot({btc}))) << body;
-    }
+    expectRefusal([this] { return client_.snapshot({btc}); },
+                  {"", "{}", "[{}]", "[7]",
+                   R"([{"symbol":"BTCUSDT","lastPrice":1,"priceChangePercent":"1"}])",
+                   R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":null}])",
+                   R"([{"symbol":"BTCUSDT","lastPrice":"1","priceChangePercent":"1"}] x)"});
 }
 
 TEST_F(REST, ListsThePairsThatTradeInUSDT) {
@@ -124,28 +109,23 @@ TEST_F(REST, ListsThePairsThatTradeInUSDT) {
         {"symbol":"ETHBTC","status":"TRADING","quoteAsset":"BTC"},
         {"symbol":"USDT","status":"TRADING","quoteAsset":"USDT"},
         {"symbol":"ÄUSDT","status":"TRADING","quoteAsset":"USDT"}]})";
-    EXPECT_THAT(test::runTask(client_.availableSymbols()), ElementsAre(btc, umlaut));
-    for (const char* body :
-         {"[]", "{}", R"({"symbols":{}})", R"({"symbols":[{"symbol":"BTCUSDT"}]})"}) {
-        state_.body = body;
-        EXPECT_TRUE(fails(client_.availableSymbols())) << body;
-    }
+    EXPECT_THAT(runTask(client_.availableSymbols()), ElementsAre(btc, umlaut));
+    expectRefusal([this] { return client_.availableSymbols(); },
+                  {"[]", "{}", R"({"symbols":{}})", R"({"symbols":[{"symbol":"BTCUSDT"}]})"});
 }
 
 TEST_F(REST, ReadsCandlesRowByRow) {
     state_.body = R"([[1700000000000,"1","2","0.5","1.5","9"],[1700003600000,"1","2","0.5"],
         ["1700000000000","1","2","0.5","1.5"],[1700000000000,"1","2","0.5",1.5],
         [1700000000000,"1","2","0.5","x"],[1700007200500.5,"1","2","0.5","1e-8",7]])";
-    const auto candles = test::runTask(client_.candles(btc, ChartPeriod::day));
+    const auto candles = runTask(client_.candles(btc, ChartPeriod::day));
     ASSERT_EQ(candles.size(), 2u);
     EXPECT_EQ(candles[0].openTime, platform::dateSince1970(platform::TimeInterval(1700000000)));
-    EXPECT_EQ(candles[0].close, Decimal::fromAPIString("1.5"));
-    EXPECT_EQ(candles[1].close, Decimal::fromAPIString("0.00000001"));
-    for (const char* body : {"{}", "[7]", R"([[1,"1","1","1","1",null]])",
-                             R"([[1,"1","1","1","1",[]]])", R"([[1,"1","1","1",true]])"}) {
-        state_.body = body;
-        EXPECT_TRUE(fails(client_.candles(btc, ChartPeriod::day))) << body;
-    }
+    EXPECT_EQ(candles[0].close, decimal("1.5"));
+    EXPECT_EQ(candles[1].close, decimal("0.00000001"));
+    expectRefusal([this] { return client_.candles(btc, ChartPeriod::day); },
+                  {"{}", "[7]", R"([[1,"1","1","1","1",null]])", R"([[1,"1","1","1","1",[]]])",
+                   R"([[1,"1","1","1",true]])"});
 }
 
 TEST_F(REST, PassesTheTransportsErrorsOnUnchanged) {
@@ -157,7 +137,7 @@ TEST_F(REST, PassesTheTransportsErrorsOnUnchanged) {
         std::make_exception_ptr(URLError(URLError::Code::dataTooLarge, QStringLiteral("x")))};
     const auto errorOf = [](auto task) {
         try {
-            test::runTask(std::move(task));
+            runTask(std::move(task));
         } catch (...) {
             return std::current_exception();
         }
