@@ -14,6 +14,16 @@ namespace {
 
 const auto label = QStringLiteral("label");
 const auto enabled = QStringLiteral("enabled");
+const auto clicked = QStringLiteral("clicked");
+const QDBusVariant nothing(0);
+
+/// Such as "enabled=false label=Open".
+std::string textOf(const QVariantMap& properties) {
+    QStringList texts;
+    for (const auto [name, value] : properties.asKeyValueRange())
+        texts.append(name + QLatin1Char('=') + value.toString());
+    return texts.join(QLatin1Char(' ')).toStdString();
+}
 
 class DBusMenu : public StatusItemFixture {
 protected:
@@ -25,6 +35,8 @@ protected:
                  MenuEntry::separator(),
                  {11, QStringLiteral("under_score"), false, false}});
         takeSignals();
+        entries_ = layout().children;
+        ASSERT_EQ(entries_.size(), 3);
     }
 
     void setMenu(std::vector<MenuEntry> entries) {
@@ -33,9 +45,7 @@ protected:
     }
 
     QVariantList callMenu(const char* member, const QVariantList& arguments) {
-        return call(QStringLiteral("/MenuBar"), QStringLiteral("com.canonical.dbusmenu"),
-                    QString::fromLatin1(member), arguments)
-            .arguments();
+        return call("/MenuBar", "com.canonical.dbusmenu", member, arguments).arguments();
     }
 
     MenuLayoutItem layout(int parent = 0, int depth = -1, const QStringList& names = {}) {
@@ -44,46 +54,43 @@ protected:
         return qdbus_cast<MenuLayoutItem>(reply.value(1));
     }
 
-    void sendEvent(int busId, const char* name) {
-        callMenu("Event",
-                 {busId, QString::fromLatin1(name), QVariant::fromValue(QDBusVariant(0)), 0U});
+    void sendEvent(int busId, const QString& name) {
+        callMenu("Event", {busId, name, QVariant::fromValue(nothing), 0U});
         test::drainEvents();
     }
 
-    /// What the menu announced since the last time.
-    QList<QDBusMessage> announcements() {
+    /// The only thing that the menu announced since the last time.
+    QDBusMessage announcement() {
         layout();
-        return panel_.takeSignals();
+        const auto heard = panel_.takeSignals();
+        EXPECT_EQ(heard.size(), 1);
+        return heard.value(0);
     }
 
     QObject context_;
+    QList<MenuLayoutItem> entries_;
     std::vector<int> triggered_;
     uint revision_ = 0;
 };
 
 TEST_F(DBusMenu, LaysItsEntriesOut) {
-    const MenuLayoutItem root = layout();
-    EXPECT_EQ(root.id, 0);
-    EXPECT_EQ(root.properties,
-              (QVariantMap{{QStringLiteral("children-display"), QStringLiteral("submenu")}}));
-    ASSERT_EQ(root.children.size(), 3);
-    EXPECT_EQ(root.children[0].properties, (QVariantMap{{label, QStringLiteral("Open")}}));
-    EXPECT_EQ(root.children[1].properties,
-              (QVariantMap{{QStringLiteral("type"), QStringLiteral("separator")}}));
-    EXPECT_EQ(root.children[2].properties,
-              (QVariantMap{{label, QStringLiteral("under__score")}, {enabled, false}}));
+    EXPECT_EQ(layout().id, 0);
+    EXPECT_EQ(textOf(layout().properties), "children-display=submenu");
+    EXPECT_EQ(textOf(entries_[0].properties), "label=Open");
+    EXPECT_EQ(textOf(entries_[1].properties), "type=separator");
+    EXPECT_EQ(textOf(entries_[2].properties), "enabled=false label=under__score");
 }
 
 TEST_F(DBusMenu, LimitsALayoutToTheDepthParentAndPropertiesAskedFor) {
     EXPECT_THAT(layout(0, 0).children, IsEmpty());
     EXPECT_EQ(layout(0, 1).children.size(), 3);
-    const int last = layout().children[2].id;
+    const int last = entries_[2].id;
     EXPECT_EQ(layout(last).properties.size(), 2);
-    EXPECT_EQ(layout(last, -1, {enabled}).properties, (QVariantMap{{enabled, false}}));
+    EXPECT_EQ(textOf(layout(last, -1, {enabled}).properties), "enabled=false");
 }
 
 TEST_F(DBusMenu, GivesPropertiesOfOneOrManyItems) {
-    const int first = layout().children[0].id;
+    const int first = entries_[0].id;
     const QVariantList one = callMenu("GetProperty", {first, label});
     EXPECT_EQ(one.value(0).value<QDBusVariant>().variant(), QStringLiteral("Open"));
 
@@ -95,14 +102,13 @@ TEST_F(DBusMenu, GivesPropertiesOfOneOrManyItems) {
     const auto some = ask({first, first, 4711});
     ASSERT_EQ(some.size(), 1);
     EXPECT_EQ(some[0].id, first);
-    EXPECT_EQ(some[0].properties, (QVariantMap{{label, QStringLiteral("Open")}}));
+    EXPECT_EQ(textOf(some[0].properties), "label=Open");
     EXPECT_EQ(ask({}).size(), 4);
 }
 
 TEST_F(DBusMenu, HasTheInterfacesProperties) {
-    const QDBusMessage reply =
-        call(QStringLiteral("/MenuBar"), QStringLiteral("org.freedesktop.DBus.Properties"),
-             QStringLiteral("GetAll"), {QStringLiteral("com.canonical.dbusmenu")});
+    const QDBusMessage reply = call("/MenuBar", "org.freedesktop.DBus.Properties", "GetAll",
+                                    {QStringLiteral("com.canonical.dbusmenu")});
     EXPECT_EQ(qdbus_cast<QVariantMap>(reply.arguments().value(0)),
               (QVariantMap{{QStringLiteral("Version"), 3U},
                            {QStringLiteral("Status"), QStringLiteral("normal")},
@@ -111,21 +117,17 @@ TEST_F(DBusMenu, HasTheInterfacesProperties) {
 }
 
 TEST_F(DBusMenu, ReportsOnlyClicksOnEnabledEntries) {
-    const auto entries = layout().children;
-    sendEvent(0, "opened");
-    sendEvent(entries[0].id, "hovered");
-    sendEvent(entries[1].id, "clicked");
-    sendEvent(entries[2].id, "clicked");
+    sendEvent(0, QStringLiteral("opened"));
+    sendEvent(entries_[0].id, QStringLiteral("hovered"));
+    sendEvent(entries_[1].id, clicked);
+    sendEvent(entries_[2].id, clicked);
     EXPECT_THAT(triggered_, IsEmpty());
-    sendEvent(entries[0].id, "clicked");
+    sendEvent(entries_[0].id, clicked);
     EXPECT_THAT(triggered_, ElementsAre(10));
 }
 
 TEST_F(DBusMenu, TakesEventsAndAnnouncementsInGroups) {
-    const int first = layout().children[0].id;
-    const QDBusVariant nothing(0);
-    const MenuEventList events{{4711, QStringLiteral("clicked"), nothing, 0},
-                               {first, QStringLiteral("clicked"), nothing, 0}};
+    const MenuEventList events{{4711, clicked, nothing, 0}, {entries_[0].id, clicked, nothing, 0}};
     const QVariantList reply = callMenu("EventGroup", {QVariant::fromValue(events)});
     test::drainEvents();
     EXPECT_EQ(qdbus_cast<QList<int>>(reply.value(0)), (QList<int>{4711}));
@@ -139,36 +141,31 @@ TEST_F(DBusMenu, TakesEventsAndAnnouncementsInGroups) {
 }
 
 TEST_F(DBusMenu, AnnouncesANewLayoutAndRefusesClicksIntoTheOldOne) {
-    const int oldFirst = layout().children[0].id;
     const uint oldRevision = revision_;
     setMenu({{12, QStringLiteral("Quit"), true, false}});
-    const auto heard = announcements();
-    ASSERT_EQ(heard.size(), 1);
-    EXPECT_EQ(heard[0].member(), QStringLiteral("LayoutUpdated"));
+    const QDBusMessage heard = announcement();
+    EXPECT_EQ(heard.member(), QStringLiteral("LayoutUpdated"));
     EXPECT_GT(revision_, oldRevision);
-    EXPECT_EQ(heard[0].arguments(), (QVariantList{revision_, 0}));
-    sendEvent(oldFirst, "clicked");
+    EXPECT_EQ(heard.arguments(), (QVariantList{revision_, 0}));
+    sendEvent(entries_[0].id, clicked);
     EXPECT_THAT(triggered_, IsEmpty());
-    sendEvent(layout().children[0].id, "clicked");
+    sendEvent(layout().children[0].id, clicked);
     EXPECT_THAT(triggered_, ElementsAre(12));
 }
 
 TEST_F(DBusMenu, AnnouncesOnlyThePropertiesThatChangedInTheSameLayout) {
-    const auto entries = layout().children;
-    setMenu({{10, QString::fromUtf8("Öffnen"), false, false},
+    setMenu({{10, QStringLiteral("Close"), false, false},
              MenuEntry::separator(),
              {11, QStringLiteral("under_score"), true, false}});
-    const auto heard = announcements();
-    ASSERT_EQ(heard.size(), 1);
-    EXPECT_EQ(heard[0].member(), QStringLiteral("ItemsPropertiesUpdated"));
-    const auto updated = qdbus_cast<MenuItemPropertiesList>(heard[0].arguments().value(0));
+    const QDBusMessage heard = announcement();
+    EXPECT_EQ(heard.member(), QStringLiteral("ItemsPropertiesUpdated"));
+    const auto updated = qdbus_cast<MenuItemPropertiesList>(heard.arguments().value(0));
     ASSERT_EQ(updated.size(), 1);
-    EXPECT_EQ(updated[0].id, entries[0].id);
-    EXPECT_EQ(updated[0].properties,
-              (QVariantMap{{label, QString::fromUtf8("Öffnen")}, {enabled, false}}));
-    const auto removed = qdbus_cast<MenuItemRemovedPropertiesList>(heard[0].arguments().value(1));
+    EXPECT_EQ(updated[0].id, entries_[0].id);
+    EXPECT_EQ(textOf(updated[0].properties), "enabled=false label=Close");
+    const auto removed = qdbus_cast<MenuItemRemovedPropertiesList>(heard.arguments().value(1));
     ASSERT_EQ(removed.size(), 1);
-    EXPECT_EQ(removed[0].id, entries[2].id);
+    EXPECT_EQ(removed[0].id, entries_[2].id);
     EXPECT_EQ(removed[0].names, QStringList{enabled});
 }
 

@@ -7,6 +7,12 @@
 using namespace std::chrono_literals;
 using namespace platform;
 
+namespace {
+
+const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
+
+} // namespace
+
 AttributedTitle StatusItemFixture::title(const QString& text) {
     return {.runs = {{text, std::nullopt, 0}}};
 }
@@ -34,7 +40,7 @@ void StatusItemFixture::showItem() {
     watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
     makeItem();
     waitForRegistrations(1);
-    panel_.listenTo(service_, QStringLiteral("org.kde.StatusNotifierItem"));
+    panel_.listenTo(service_, itemInterface);
     panel_.listenTo(service_, QStringLiteral("com.canonical.dbusmenu"));
 }
 
@@ -43,28 +49,27 @@ void StatusItemFixture::waitForRegistrations(qsizetype count) {
     service_ = watcher_->registered().back();
 }
 
-QDBusMessage StatusItemFixture::call(const QString& path, const QString& interface,
-                                     const QString& member, const QVariantList& arguments) {
-    return panel_.call(service_, path, interface, member, arguments);
+QDBusMessage StatusItemFixture::call(const char* path, const char* interface, const char* member,
+                                     const QVariantList& arguments) {
+    return panel_.call(service_, QString::fromLatin1(path), QString::fromLatin1(interface),
+                       QString::fromLatin1(member), arguments);
 }
 
-QVariant StatusItemFixture::property(const QString& name) {
-    const QDBusMessage reply = call(
-        QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("Get"), {QStringLiteral("org.kde.StatusNotifierItem"), name});
+QVariant StatusItemFixture::property(const char* name) {
+    const QDBusMessage reply = call("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "Get",
+                                    {itemInterface, QString::fromLatin1(name)});
     return reply.arguments().value(0).value<QDBusVariant>().variant();
 }
 
 QVariantMap StatusItemFixture::properties() {
-    const QDBusMessage reply = call(
-        QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("GetAll"), {QStringLiteral("org.kde.StatusNotifierItem")});
+    const QDBusMessage reply =
+        call("/StatusNotifierItem", "org.freedesktop.DBus.Properties", "GetAll", {itemInterface});
     return qdbus_cast<QVariantMap>(reply.arguments().value(0));
 }
 
 std::vector<std::string> StatusItemFixture::takeSignals() {
     // What the item sent before this answer has arrived with it.
-    EXPECT_TRUE(property(QStringLiteral("Id")).isValid());
+    EXPECT_TRUE(property("Id").isValid());
     std::vector<std::string> texts;
     for (const QDBusMessage& signal : panel_.takeSignals()) {
         QStringList arguments;

@@ -30,11 +30,11 @@ protected:
 
     void waitForRegistrations(qsizetype count);
 
-    QDBusMessage call(const QString& path, const QString& interface, const QString& member,
+    QDBusMessage call(const char* path, const char* interface, const char* member,
                       const QVariantList& arguments = {});
 
     /// The value of a property of the item; invalid when it has none of that name.
-    QVariant property(const QString& name);
+    QVariant property(const char* name);
 
     /// The item's properties; empty when the call fails.
     QVariantMap properties();

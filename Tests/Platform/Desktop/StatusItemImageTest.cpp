@@ -17,34 +17,22 @@ QImage square(int size, Qt::GlobalColor color) {
 const StatusItemImage threeSizes{
     .renderings = {square(16, Qt::red), square(44, Qt::blue), square(22, Qt::green)}};
 
-struct Case {
-    int size;
-    Qt::GlobalColor color;
-};
-
-class StatusItemImageSizes : public testing::TestWithParam<Case> {};
-
-TEST_P(StatusItemImageSizes, ComeFromTheSmallestRenderingThatIsLargeEnough) {
-    const QImage image = threeSizes.atSize(GetParam().size);
-    EXPECT_EQ(image.size(), QSize(GetParam().size, GetParam().size));
-    EXPECT_EQ(image.pixelColor(image.width() / 2, image.height() / 2), QColor(GetParam().color));
+TEST(StatusItemImage, ComesFromTheSmallestRenderingThatIsLargeEnough) {
+    for (const auto& [size, color] :
+         {std::pair(12, Qt::red), std::pair(16, Qt::red), std::pair(17, Qt::green),
+          std::pair(22, Qt::green), std::pair(24, Qt::blue), std::pair(64, Qt::blue)}) {
+        const QImage image = threeSizes.atSize(size);
+        EXPECT_EQ(image.size(), QSize(size, size));
+        EXPECT_EQ(image.pixelColor(size / 2, size / 2), QColor(color)) << size;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(StatusItemImage, StatusItemImageSizes,
-                         testing::Values(Case{12, Qt::red}, Case{16, Qt::red}, Case{17, Qt::green},
-                                         Case{22, Qt::green}, Case{24, Qt::blue},
-                                         Case{44, Qt::blue}, Case{64, Qt::blue}));
 
 TEST(StatusItemImage, IsTransparentAtFullSizeWhenNotShownOrNotThere) {
     StatusItemImage hidden = threeSizes;
     hidden.isShown = false;
-    for (const StatusItemImage& image : {hidden, StatusItemImage{}}) {
-        const QImage made = image.atSize(22);
-        ASSERT_EQ(made.size(), QSize(22, 22));
-        QImage transparent(22, 22, QImage::Format_ARGB32);
-        transparent.fill(Qt::transparent);
-        EXPECT_EQ(made.convertToFormat(QImage::Format_ARGB32), transparent);
-    }
+    for (const StatusItemImage& image : {hidden, StatusItemImage{}})
+        EXPECT_EQ(image.atSize(22).convertToFormat(QImage::Format_ARGB32),
+                  square(22, Qt::transparent));
 }
 
 } // namespace

@@ -1,15 +1,13 @@
 #include "Platform/Desktop/StatusNotifierTypes.h"
 #include "Tests/Platform/Desktop/StatusItemFixture.h"
+#include "Tests/Support/Cases.h"
 
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDir>
 #include <QTest>
-#include <QXmlStreamReader>
 
 #include <gmock/gmock.h>
-
-#include <map>
 
 using namespace std::chrono_literals;
 using namespace platform;
@@ -17,37 +15,10 @@ using testing::ElementsAre;
 
 namespace {
 
-using Signatures = std::map<std::string, std::string>;
-
 std::string signatureOf(const QVariant& value) {
     if (value.metaType() == QMetaType::fromType<QDBusArgument>())
         return value.value<QDBusArgument>().currentSignature().toStdString();
     return QDBusMetaType::typeToSignature(value.metaType());
-}
-
-Signatures signaturesOf(const QVariantMap& properties) {
-    Signatures signatures;
-    for (const auto [name, value] : properties.asKeyValueRange())
-        signatures.emplace(name.toStdString(), signatureOf(value));
-    return signatures;
-}
-
-/// The properties that a description of an object promises for an interface.
-Signatures describedProperties(const QString& xml, const QString& interface) {
-    Signatures signatures;
-    bool isInside = false;
-    for (QXmlStreamReader reader(xml); !reader.atEnd();) {
-        if (reader.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        const auto attributes = reader.attributes();
-        const auto name = attributes.value(QStringLiteral("name"));
-        if (reader.name() == QStringLiteral("interface"))
-            isInside = name == interface;
-        if (isInside && reader.name() == QStringLiteral("property"))
-            signatures.emplace(name.toString().toStdString(),
-                               attributes.value(QStringLiteral("type")).toString().toStdString());
-    }
-    return signatures;
 }
 
 class StatusNotifierItem : public StatusItemFixture {
@@ -56,19 +27,16 @@ protected:
         return std::make_unique<test::FakeStatusNotifierWatcher>(bus_.connect());
     }
 
-    QString iconPath() { return property(QStringLiteral("IconName")).toString(); }
+    QString iconPath() { return property("IconName").toString(); }
 };
 
 TEST_F(StatusNotifierItem, RegistersByANameOfItsOwnThatItOwns) {
     showItem();
     EXPECT_TRUE(service_.startsWith(
         QStringLiteral("org.kde.StatusNotifierItem-%1-").arg(QCoreApplication::applicationPid())));
-    EXPECT_EQ(property(QStringLiteral("Id")), QStringLiteral("quorvel"));
+    EXPECT_EQ(property("Id"), QStringLiteral("quorvel"));
     item_.reset();
-    EXPECT_EQ(call(QStringLiteral("/"), QStringLiteral("org.freedesktop.DBus.Peer"),
-                   QStringLiteral("Ping"))
-                  .type(),
-              QDBusMessage::ErrorMessage);
+    EXPECT_EQ(call("/", "org.freedesktop.DBus.Peer", "Ping").type(), QDBusMessage::ErrorMessage);
 }
 
 TEST_F(StatusNotifierItem, RegistersWhenTheWatcherComesLateComesBackOrIsReplaced) {
@@ -84,7 +52,7 @@ TEST_F(StatusNotifierItem, RegistersWhenTheWatcherComesLateComesBackOrIsReplaced
     const auto replaced = std::move(watcher_);
     watcher_ = anotherWatcher();
     waitForRegistrations(1);
-    EXPECT_EQ(property(QStringLiteral("XAyatanaLabel")), QStringLiteral("BTC 1.00"));
+    EXPECT_EQ(property("XAyatanaLabel"), QStringLiteral("BTC 1.00"));
     EXPECT_EQ(watcher_->registered().size(), 1);
 }
 
@@ -110,53 +78,40 @@ TEST_F(StatusNotifierItem, DoesNothingWithoutABusAndOutlivesIt) {
     EXPECT_EQ(watcher_->registered().size(), 1);
 }
 
-TEST_F(StatusNotifierItem, HasThePropertiesThatHostsReadInTheirTypes) {
+TEST_F(StatusNotifierItem, HasThePropertiesThatHostsReadInTheirTypesAndDescribesThem) {
     showItem();
     const QVariantMap all = properties();
-    const Signatures expected{{"Category", "s"},
-                              {"Id", "s"},
-                              {"Title", "s"},
-                              {"Status", "s"},
-                              {"WindowId", "i"},
-                              {"IconThemePath", "s"},
-                              {"IconName", "s"},
-                              {"IconPixmap", "a(iiay)"},
-                              {"IconAccessibleDesc", "s"},
-                              {"OverlayIconName", "s"},
-                              {"OverlayIconPixmap", "a(iiay)"},
-                              {"AttentionIconName", "s"},
-                              {"AttentionIconPixmap", "a(iiay)"},
-                              {"AttentionAccessibleDesc", "s"},
-                              {"AttentionMovieName", "s"},
-                              {"ToolTip", "(sa(iiay)ss)"},
-                              {"ItemIsMenu", "b"},
-                              {"Menu", "o"},
-                              {"XAyatanaLabel", "s"},
-                              {"XAyatanaLabelGuide", "s"},
-                              {"XAyatanaOrderingIndex", "u"}};
-    EXPECT_EQ(signaturesOf(all), expected);
-    for (const auto& [name, signature] : expected)
-        EXPECT_EQ(signatureOf(property(QString::fromStdString(name))), signature) << name;
-
-    const QDBusMessage description =
-        call(QStringLiteral("/StatusNotifierItem"),
-             QStringLiteral("org.freedesktop.DBus.Introspectable"), QStringLiteral("Introspect"));
-    EXPECT_EQ(describedProperties(description.arguments().value(0).toString(),
-                                  QStringLiteral("org.kde.StatusNotifierItem")),
-              expected);
-}
-
-TEST_F(StatusNotifierItem, SaysWhatItIs) {
-    showItem();
-    const QVariantMap all = properties();
-    EXPECT_EQ(all[QStringLiteral("Category")], QStringLiteral("ApplicationStatus"));
-    EXPECT_EQ(all[QStringLiteral("Title")], QStringLiteral("Quorvel"));
-    EXPECT_EQ(all[QStringLiteral("IconAccessibleDesc")], QStringLiteral("Quorvel"));
-    EXPECT_EQ(all[QStringLiteral("Status")], QStringLiteral("Active"));
-    EXPECT_EQ(all[QStringLiteral("ItemIsMenu")], false);
-    EXPECT_EQ(all[QStringLiteral("Menu")].value<QDBusObjectPath>().path(),
-              QStringLiteral("/MenuBar"));
-    EXPECT_EQ(qdbus_cast<NotifierToolTip>(all[QStringLiteral("ToolTip")]),
+    const QString description =
+        call("/StatusNotifierItem", "org.freedesktop.DBus.Introspectable", "Introspect")
+            .arguments()
+            .value(0)
+            .toString();
+    const auto expected = test::cases(
+        std::pair("Category", "s"), std::pair("Id", "s"), std::pair("Title", "s"),
+        std::pair("Status", "s"), std::pair("WindowId", "i"), std::pair("IconThemePath", "s"),
+        std::pair("IconName", "s"), std::pair("IconPixmap", "a(iiay)"),
+        std::pair("IconAccessibleDesc", "s"), std::pair("OverlayIconName", "s"),
+        std::pair("OverlayIconPixmap", "a(iiay)"), std::pair("AttentionIconName", "s"),
+        std::pair("AttentionIconPixmap", "a(iiay)"), std::pair("AttentionAccessibleDesc", "s"),
+        std::pair("AttentionMovieName", "s"), std::pair("ToolTip", "(sa(iiay)ss)"),
+        std::pair("ItemIsMenu", "b"), std::pair("Menu", "o"), std::pair("XAyatanaLabel", "s"),
+        std::pair("XAyatanaLabelGuide", "s"), std::pair("XAyatanaOrderingIndex", "u"));
+    EXPECT_EQ(all.size(), expected.size());
+    EXPECT_EQ(description.count(QStringLiteral("<property ")), expected.size());
+    for (const auto& [name, signature] : expected) {
+        EXPECT_EQ(signatureOf(all[QString::fromLatin1(name)]), signature) << name;
+        EXPECT_EQ(signatureOf(property(name)), signature) << name;
+        EXPECT_TRUE(description.contains(QStringLiteral("<property name=\"%1\" type=\"%2\"")
+                                             .arg(QLatin1String(name), QLatin1String(signature))))
+            << name;
+    }
+    EXPECT_EQ(property("Category"), QStringLiteral("ApplicationStatus"));
+    EXPECT_EQ(property("Title"), QStringLiteral("Quorvel"));
+    EXPECT_EQ(property("IconAccessibleDesc"), QStringLiteral("Quorvel"));
+    EXPECT_EQ(property("Status"), QStringLiteral("Active"));
+    EXPECT_EQ(property("ItemIsMenu"), false);
+    EXPECT_EQ(property("Menu").value<QDBusObjectPath>().path(), QStringLiteral("/MenuBar"));
+    EXPECT_EQ(qdbus_cast<NotifierToolTip>(property("ToolTip")),
               (NotifierToolTip{{}, {}, QStringLiteral("BTC 1.00"), {}}));
 }
 
@@ -172,7 +127,7 @@ TEST_F(StatusNotifierItem, SendsPixmapsOfTwoSizesInNetworkOrder) {
     item_->setImage(image);
     clock_.advance(0ms);
 
-    const auto pixmaps = qdbus_cast<IconPixmapList>(property(QStringLiteral("IconPixmap")));
+    const auto pixmaps = qdbus_cast<IconPixmapList>(property("IconPixmap"));
     ASSERT_EQ(pixmaps.size(), 2);
     for (qsizetype index = 0; index < 2; ++index) {
         const int size = index == 0 ? 22 : 44;
@@ -224,8 +179,8 @@ TEST_F(StatusNotifierItem, DoesWithoutAnIconFileWhereItCannotWriteOne) {
     item_->setImage(image(Qt::red));
     clock_.advance(0ms);
     waitForRegistrations(1);
-    EXPECT_EQ(property(QStringLiteral("IconName")).toString(), QString());
-    EXPECT_EQ(qdbus_cast<IconPixmapList>(property(QStringLiteral("IconPixmap"))).size(), 2);
+    EXPECT_EQ(property("IconName").toString(), QString());
+    EXPECT_EQ(qdbus_cast<IconPixmapList>(property("IconPixmap")).size(), 2);
 }
 
 TEST_F(StatusNotifierItem, HasNoLabelPropertyWhileThereIsNoTitle) {
@@ -234,13 +189,12 @@ TEST_F(StatusNotifierItem, HasNoLabelPropertyWhileThereIsNoTitle) {
     clock_.advance(0ms);
     EXPECT_FALSE(properties().contains(QStringLiteral("XAyatanaLabel")));
     EXPECT_FALSE(properties().contains(QStringLiteral("XAyatanaLabelGuide")));
-    EXPECT_FALSE(property(QStringLiteral("XAyatanaLabel")).isValid());
+    EXPECT_FALSE(property("XAyatanaLabel").isValid());
 
     item_->setTitle(title(QStringLiteral("ETH 2,345.67 +8.90% \u25B2")), Urgency::immediate);
     clock_.advance(0ms);
-    EXPECT_EQ(property(QStringLiteral("XAyatanaLabel")).toString(),
-              QStringLiteral("ETH 2,345.67 +8.90% \u25B2"));
-    EXPECT_EQ(property(QStringLiteral("XAyatanaLabelGuide")).toString(),
+    EXPECT_EQ(property("XAyatanaLabel").toString(), QStringLiteral("ETH 2,345.67 +8.90% \u25B2"));
+    EXPECT_EQ(property("XAyatanaLabelGuide").toString(),
               QStringLiteral("ETH 8,888.88 +8.88% \u25B2"));
 }
 

@@ -1,6 +1,8 @@
 #include "Platform/Foundation/UserDefaults.h"
 
-#include <QFile>
+#include "Platform/Foundation/FileManager.h"
+#include "Tests/Support/Cases.h"
+
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -12,53 +14,7 @@ using platform::UserDefaults;
 
 namespace {
 
-/// A stored text as a person may have written it into the file, and what each getter makes of it.
-struct Conversion {
-    const char* stored;
-    double number;
-    std::int64_t integer;
-    bool boolean;
-};
-
-class UserDefaultsConversion : public testing::TestWithParam<Conversion> {
-protected:
-    QTemporaryDir directory_;
-};
-
-TEST_P(UserDefaultsConversion, ReadsTheTextAsEachType) {
-    const Conversion& c = GetParam();
-    const QString path = directory_.filePath(QStringLiteral("Test.conf"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("[General]\nkey=" + QByteArray(c.stored) + "\n");
-    file.close();
-    const UserDefaults defaults(path);
-    const QString key = QStringLiteral("key");
-    EXPECT_TRUE(defaults.hasObject(key));
-    EXPECT_EQ(defaults.doubleValue(key), c.number) << c.stored;
-    EXPECT_EQ(defaults.integer(key), c.integer) << c.stored;
-    EXPECT_EQ(defaults.boolean(key), c.boolean) << c.stored;
-}
-
 constexpr auto largest = std::numeric_limits<std::int64_t>::max();
-constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-INSTANTIATE_TEST_SUITE_P(
-    Typed, UserDefaultsConversion,
-    testing::Values(Conversion{"2.9", 2.9, 2, true}, Conversion{"-2.9", -2.9, -2, true},
-                    Conversion{"0.4", 0.4, 0, true}, Conversion{"7", 7, 7, true},
-                    Conversion{"\" 7 \"", 7, 7, true}, Conversion{"1e3", 1000, 1000, true},
-                    Conversion{"0", 0, 0, false}, Conversion{"-0.0", 0, 0, false},
-                    Conversion{"9223372036854775807", 9223372036854775807.0, largest, true},
-                    Conversion{"1e300", 1e300, largest, true},
-                    Conversion{"-1e300", -1e300, smallest, true},
-                    Conversion{"inf", infinity, largest, true}, Conversion{"true", 0, 0, true},
-                    Conversion{"YES", 0, 0, true}, Conversion{"false", 0, 0, false},
-                    Conversion{"no", 0, 0, false}, Conversion{"abc", 0, 0, false},
-                    Conversion{"3 pairs", 0, 0, false}, Conversion{"", 0, 0, false},
-                    Conversion{"1,5", 0, 0, false}, // a list
-                    Conversion{"\"1,5\"", 0, 0, false}));
 
 class UserDefaultsFile : public testing::Test {
 protected:
@@ -67,14 +23,41 @@ protected:
     QString key_ = QStringLiteral("display.mode");
 };
 
+TEST_F(UserDefaultsFile, ReadsATextAsEachTypeHoweverAPersonWroteIt) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    struct Conversion {
+        const char* stored;
+        double number;
+        std::int64_t integer;
+        bool boolean;
+    };
+    for (const auto& [stored, number, integer, boolean] :
+         test::cases(Conversion{"2.9", 2.9, 2, true}, Conversion{"-2.9", -2.9, -2, true},
+                     Conversion{"0.4", 0.4, 0, true}, Conversion{"\" 7 \"", 7, 7, true},
+                     Conversion{"1e3", 1000, 1000, true}, Conversion{"-0.0", 0, 0, false},
+                     Conversion{"9223372036854775807", 9223372036854775807.0, largest, true},
+                     Conversion{"1e300", 1e300, largest, true},
+                     Conversion{"-1e300", -1e300, -largest - 1, true},
+                     Conversion{"inf", infinity, largest, true}, Conversion{"true", 0, 0, true},
+                     Conversion{"YES", 0, 0, true}, Conversion{"no", 0, 0, false},
+                     Conversion{"3 pairs", 0, 0, false}, Conversion{"", 0, 0, false},
+                     Conversion{"1,5", 0, 0, false}, Conversion{"\"1,5\"", 0, 0, false})) {
+        platform::FileManager::writeAtomically("[General]\nkey=" + QByteArray(stored) + "\n",
+                                               path_);
+        const UserDefaults defaults(path_);
+        const QString key = QStringLiteral("key");
+        EXPECT_TRUE(defaults.hasObject(key));
+        EXPECT_EQ(defaults.doubleValue(key), number) << stored;
+        EXPECT_EQ(defaults.integer(key), integer) << stored;
+        EXPECT_EQ(defaults.boolean(key), boolean) << stored;
+    }
+}
+
 TEST_F(UserDefaultsFile, HasNothingWhereThereIsNoFileOrGarbage) {
     EXPECT_FALSE(UserDefaults(path_).hasObject(key_));
     EXPECT_FALSE(UserDefaults(path_).string(key_));
-    QFile file(directory_.filePath(QStringLiteral("garbage.conf")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArrayLiteral("\x00\xff\xfe[[[===\n\n]"));
-    file.close();
-    EXPECT_FALSE(UserDefaults(file.fileName()).hasObject(key_));
+    platform::FileManager::writeAtomically(QByteArrayLiteral("\x00\xff\xfe[[[===\n\n]"), path_);
+    EXPECT_FALSE(UserDefaults(path_).hasObject(key_));
 }
 
 TEST_F(UserDefaultsFile, IsWrittenWhenAnAssignmentReturns) {
