@@ -109,6 +109,7 @@ void AppDelegate::updateStatusItem(StatusItem::Urgency urgency) {
 void AppDelegate::terminate() {
     if (stopTask_)
         return;
+    Q_EMIT terminating();
     startTask_ = {};
     stopTask_ = platform::startTask(stopModel());
     // The user asked the program to end; a network that does not answer is no reason to stay.

@@ -41,6 +41,9 @@ public:
     void terminate();
 
 Q_SIGNALS:
+    /// Stopping has begun.
+    void terminating();
+
     /// Everything has been stopped; the event loop may end.
     void terminated();
 
