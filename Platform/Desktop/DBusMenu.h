@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Platform/Desktop/DBusMenuTypes.h"
-#include "Platform/Desktop/DBusObject.h"
 #include "Platform/Desktop/MenuEntry.h"
+#include "Platform/Services/DBusObject.h"
 
 #include <QDBusConnection>
 

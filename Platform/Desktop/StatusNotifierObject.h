@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Platform/Desktop/DBusObject.h"
 #include "Platform/Desktop/StatusItemIdentity.h"
 #include "Platform/Desktop/StatusNotifierState.h"
+#include "Platform/Services/DBusObject.h"
 
 #include <QPoint>
 

@@ -73,6 +73,13 @@ void FileManager::rename(const QString& from, const QString& to) {
     synchronizeDirectory(QFileInfo(to).path());
 }
 
+void FileManager::remove(const QString& path) {
+    if (::unlink(QFile::encodeName(path).constData()) == 0)
+        synchronizeDirectory(QFileInfo(path).path());
+    else if (const int error = errno; !isMissing(path))
+        throw FileError(qt_error_string(error));
+}
+
 void FileManager::writeAtomically(const QByteArray& data, const QString& path) {
     const QString directory = QFileInfo(path).path();
     createDirectory(directory);

@@ -43,6 +43,10 @@ public:
     /// @throws FileError, with both as they were
     static void rename(const QString& from, const QString& to);
 
+    /// Removes a file, or a link to one. Does nothing where there is none.
+    /// @throws FileError
+    static void remove(const QString& path);
+
     /// Replaces the file by one with this content, or leaves it untouched and throws. What is there
     /// after a crash or a power cut is the old file or the new one, whole. Makes the directory anew
     /// where it has gone.

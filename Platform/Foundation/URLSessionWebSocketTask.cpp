@@ -1,5 +1,7 @@
 #include "Platform/Foundation/URLSessionWebSocketTask.h"
 
+#include "Platform/Foundation/StringTable.h"
+
 #include <QWebSocket>
 
 #include <algorithm>
@@ -83,7 +85,7 @@ void Task::connectSignals() {
     // Which of the two comes first depends on what went wrong.
     QObject::connect(socket, &QWebSocket::disconnected, context, [this] {
         failed(wasOpened_ ? URLError::Code::connectionClosed : URLError::Code::cannotConnect,
-               QStringLiteral("The connection was closed."));
+               localized("Platform", "The connection was closed."));
     });
     QObject::connect(socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), context,
                      [this](QAbstractSocket::SocketError) {
@@ -95,7 +97,7 @@ void Task::connectSignals() {
 
 void Task::resume() {
     handshakeTimer_ = clock_.startTimer(handshakeTimeout, [this] {
-        failed(URLError::Code::timedOut, QStringLiteral("The connection timed out."));
+        failed(URLError::Code::timedOut, localized("Platform", "The connection timed out."));
     });
     socket_->open(url_);
 }
@@ -163,7 +165,7 @@ void Task::cancel(std::uint16_t closeCode) {
         context_.reset();
         closing_.close(std::move(socket_), closeCode);
     }
-    failed(URLError::Code::cancelled, QStringLiteral("The connection was cancelled."));
+    failed(URLError::Code::cancelled, localized("Platform", "The connection was cancelled."));
 }
 
 void Task::release() {

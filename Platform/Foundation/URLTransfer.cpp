@@ -1,5 +1,7 @@
 #include "Platform/Foundation/URLTransfer.h"
 
+#include "Platform/Foundation/StringTable.h"
+
 #include <utility>
 
 namespace platform {
@@ -57,9 +59,9 @@ URLTransfer::~URLTransfer() {
 
 URLResponse URLTransfer::response() {
     if (abortReason_ == URLError::Code::timedOut)
-        throw URLError(URLError::Code::timedOut, QStringLiteral("The request timed out."));
+        throw URLError(URLError::Code::timedOut, localized("Platform", "The request timed out."));
     if (abortReason_)
-        throw URLError(*abortReason_, QStringLiteral("The answer is too large."));
+        throw URLError(*abortReason_, localized("Platform", "The answer is too large."));
     constexpr int firstErrorStatus = 400;
     const auto status = statusOf(*reply_);
     if (reply_->error() != QNetworkReply::NoError && status < firstErrorStatus)

@@ -2,6 +2,8 @@
 
 #include "Platform/Async/SleepFor.h"
 #include "Platform/Foundation/StringTable.h"
+#include "QuorvelKit/Alerts/AlertEngine.h"
+#include "QuorvelKit/Alerts/FileAlertPersistence.h"
 #include "QuorvelKit/StatusBar/RotationDriver.h"
 #include "QuorvelKit/StatusBar/StatusBarPresenter.h"
 #include "QuorvelKit/Stores/FileWatchlistPersistence.h"
@@ -11,29 +13,37 @@
 namespace quorvel {
 
 using platform::Task;
+using platform::TaskHandle;
 
 namespace {
 
-std::unique_ptr<WatchlistPersistence> makeWatchlistPersistence(const platform::FileManager& files) {
+/// The file of a store: in its standard place, or, where that cannot be had, in the temporary one.
+template <typename FilePersistence>
+std::unique_ptr<FilePersistence> makePersistence(const platform::FileManager& files) {
     QString location;
     try {
-        location = FileWatchlistPersistence::standardLocation(files);
+        location = FilePersistence::standardLocation(files);
     } catch (const platform::FileError&) {
-        location = FileWatchlistPersistence::temporaryLocation(files);
+        location = FilePersistence::temporaryLocation(files);
     }
-    return std::make_unique<FileWatchlistPersistence>(location);
+    return std::make_unique<FilePersistence>(location);
 }
 
 } // namespace
 
-AppModel::AppModel(std::unique_ptr<MarketDataProvider> provider, SettingsStore& settings,
-                   const platform::FileManager& files, platform::Clock& clock)
-    : clock_(clock),
-      quotes_(clock),
-      settings_(settings),
-      watchlist_(makeWatchlistPersistence(files)),
-      rotationEpoch_(clock.now()),
-      provider_(std::move(provider)) {
+AppModel::AppModel(Collaborators collaborators)
+    : clock_(collaborators.clock),
+      workspace_(collaborators.workspace),
+      quotes_(clock_),
+      settings_(collaborators.settings),
+      launchAtLogin_(std::move(collaborators.loginService)),
+      notifications_(std::move(collaborators.delivering)),
+      languageAtLaunch_(settings_.language()),
+      watchlist_(makePersistence<FileWatchlistPersistence>(collaborators.files)),
+      alerts_(makePersistence<FileAlertPersistence>(collaborators.files)),
+      rotationEpoch_(clock_.now()),
+      provider_(std::move(collaborators.provider)),
+      candleLoader_(candles_, *provider_, clock_) {
     connect(&quotes_, &QuoteStore::lastUpdateAtChanged, this,
             [this] { lastUpdateUptime_ = clock_.uptime(); });
 }
@@ -46,6 +56,8 @@ Task<> AppModel::start() {
     // A task of the model's own, so that `stop` can end it.
     startUpTask_ = platform::startTask(loadAndSubscribe());
     streamTask_ = platform::startTask(consumeQuotes());
+    observeSleep();
+    alerts_.removeOrphans(watchlist_.subscriptionSet(), watchlist_.isLoadComplete());
     watchdog_ = platform::startTask(watchStaleness());
     statusBarTicker_ = platform::startTask(tickStatusBar());
     co_await startUpTask_.finished();
@@ -56,12 +68,48 @@ Task<> AppModel::loadAndSubscribe() {
     co_await refreshSubscriptions();
 }
 
+void AppModel::observeSleep() {
+    sleepObserver_.emplace(
+        workspace_.notificationCenter(),
+        [this] { refreshes_.start(fallAsleep(workspace_.delaySleep())); },
+        [this] { refreshes_.start(refreshSubscriptions()); });
+    sleepObserver_->start();
+}
+
+Task<> AppModel::fallAsleep(platform::SleepAssertion) {
+    quotes_.markStale(true);
+    co_await provider_->updateSubscriptions({});
+}
+
+void AppModel::relaunchApplication() {
+    Q_EMIT relaunchRequested();
+}
+
 Task<> AppModel::stop() {
+    co_await finishDeliveries();
     startUpTask_ = {};
     watchdog_ = {};
     statusBarTicker_ = {};
+    sleepObserver_.reset();
     streamTask_ = {};
+    refreshes_.cancelAll();
+    candleLoader_.cancelAll();
     co_await provider_->stop();
+}
+
+Task<> AppModel::finishDeliveries() {
+    bool isTimeOver = false;
+    TaskHandle delivery;
+    const auto deadline = clock_.startTimer(longestDelivery, [&] {
+        isTimeOver = true;
+        delivery.cancel();
+        pendingNotifications_.clear();
+    });
+    // Quotes go on coming, and may fire more.
+    while (!isTimeOver && !pendingNotifications_.empty()) {
+        delivery = std::move(pendingNotifications_.extract(pendingNotifications_.begin()).mapped());
+        co_await delivery.finished();
+    }
 }
 
 Task<> AppModel::loadAvailableSymbols() {
@@ -88,8 +136,60 @@ Task<> AppModel::refreshSubscriptions() {
     }
 }
 
+Task<> AppModel::prefetchCandles() {
+    return candleLoader_.loadAll(watchlist_.symbols(), settings_.display().chartPeriod);
+}
+
+Task<> AppModel::loadCandles(Symbol symbol) {
+    return candleLoader_.load(std::move(symbol), settings_.display().chartPeriod);
+}
+
+void AppModel::addSymbol(const Symbol& symbol) {
+    watchlist_.add(symbol);
+    setSearchQuery({});
+    followWatchlist();
+}
+
+void AppModel::removeSymbol(const Symbol& symbol) {
+    watchlist_.remove(symbol);
+    quotes_.remove(symbol);
+    alerts_.removeAll(symbol);
+    candleLoader_.cancel(symbol);
+    candles_.invalidate(symbol);
+    followWatchlist();
+}
+
+void AppModel::followWatchlist() {
+    restartRotation();
+    refreshes_.start(refreshSubscriptions());
+}
+
+void AppModel::togglePinned(const Symbol& symbol) {
+    watchlist_.togglePinned(symbol);
+    restartRotation();
+}
+
+void AppModel::restartRotation() {
+    rotationEpoch_ = clock_.now();
+    refreshStatusBar();
+}
+
 void AppModel::handleQuote(const Quote& quote) {
-    quotes_.apply(quote);
+    const auto previous = quotes_.applyReturningPrevious(quote);
+    const platform::Date now = clock_.now();
+    auto fired = AlertEngine::triggeredRules(previous, quote, alerts_.rules(), now);
+    if (fired.empty())
+        return;
+    alerts_.markTriggered(fired, now);
+    const QUuid id = QUuid::createUuid();
+    pendingNotifications_[id] =
+        platform::startTask(deliverNotifications(id, std::move(fired), quote));
+}
+
+Task<> AppModel::deliverNotifications(QUuid id, std::vector<AlertRule> fired, Quote quote) {
+    for (const AlertRule& rule : fired)
+        co_await notifications_.notify(rule, quote);
+    pendingNotifications_.erase(id);
 }
 
 Task<> AppModel::consumeQuotes() {
@@ -147,6 +247,20 @@ void AppModel::setLoadError(std::optional<QString> error) {
         return;
     loadError_ = std::move(error);
     Q_EMIT loadErrorChanged();
+}
+
+void AppModel::setSearchQuery(QString query) {
+    if (searchQuery_ == query)
+        return;
+    searchQuery_ = std::move(query);
+    Q_EMIT searchQueryChanged();
+}
+
+void AppModel::setPendingAlertSymbol(std::optional<Symbol> symbol) {
+    if (pendingAlertSymbol_ == symbol)
+        return;
+    pendingAlertSymbol_ = std::move(symbol);
+    Q_EMIT pendingAlertSymbolChanged();
 }
 
 void AppModel::setStatusBarSegments(std::vector<StatusBarSegment> segments) {

@@ -1,17 +1,27 @@
 #pragma once
 
 #include "Platform/Async/TaskHandle.h"
+#include "Platform/Async/TaskScope.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Platform/Services/Workspace.h"
+#include "Quorvel/Model/CandleLoader.h"
+#include "QuorvelKit/Alerts/AlertStore.h"
+#include "QuorvelKit/Alerts/NotificationCoordinator.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
+#include "QuorvelKit/Services/LaunchAtLoginController.h"
+#include "QuorvelKit/Services/SleepWakeObserver.h"
 #include "QuorvelKit/StatusBar/StatusBarSegment.h"
+#include "QuorvelKit/Stores/CandleCache.h"
 #include "QuorvelKit/Stores/QuoteStore.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 #include "QuorvelKit/Stores/WatchlistStore.h"
 
 #include <QObject>
 #include <QString>
+#include <QUuid>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -34,21 +44,53 @@ public:
     /// How often the status bar's texts are computed.
     static constexpr platform::TimeInterval tickerPeriod{1};
 
-    /// Loads the watchlist: from its standard place, or, where that cannot be had, from the
-    /// temporary directory. Starts nothing. `settings` and `clock` must outlive the model.
-    AppModel(std::unique_ptr<MarketDataProvider> provider, SettingsStore& settings,
-             const platform::FileManager& files, platform::Clock& clock);
+    /// How long `stop` waits for notifications that are being delivered, all of them together.
+    static constexpr std::chrono::seconds longestDelivery{2};
+
+    /// What the model works with. What is referred to outlives it.
+    struct Collaborators {
+        std::unique_ptr<MarketDataProvider> provider;
+        SettingsStore& settings;
+        std::unique_ptr<NotificationDelivering> delivering;
+        std::unique_ptr<LaunchAtLoginManaging> loginService;
+        platform::Workspace& workspace;
+        const platform::FileManager& files;
+        platform::Clock& clock;
+    };
+
+    /// Loads watchlist and alert rules: from their standard place, or, where that cannot be had,
+    /// from the temporary directory. Starts nothing.
+    explicit AppModel(Collaborators collaborators);
     ~AppModel() override;
 
+    /// The time that everything here goes by.
+    platform::Date now() const { return clock_.now(); }
+
     QuoteStore& quotes() { return quotes_; }
+    CandleCache& candles() { return candles_; }
     WatchlistStore& watchlist() { return watchlist_; }
     SettingsStore& settings() { return settings_; }
+    LaunchAtLoginController& launchAtLogin() { return launchAtLogin_; }
+    AlertStore& alerts() { return alerts_; }
+    NotificationCoordinator& notifications() { return notifications_; }
+
+    /// The language that the texts are in: a change of the setting shows at the next launch.
+    AppLanguage languageAtLaunch() const { return languageAtLaunch_; }
 
     /// Every pair that can be watched; empty until loaded.
     const std::vector<Symbol>& availableSymbols() const { return availableSymbols_; }
 
     /// What to tell the user about the list of pairs; absent when nothing is wrong.
     const std::optional<QString>& loadError() const { return loadError_; }
+
+    /// What the panel's search field holds.
+    const QString& searchQuery() const { return searchQuery_; }
+    void setSearchQuery(QString query);
+
+    /// The pair that the user is about to add an alert for, until the alerts section has taken it
+    /// over; absent otherwise.
+    const std::optional<Symbol>& pendingAlertSymbol() const { return pendingAlertSymbol_; }
+    void setPendingAlertSymbol(std::optional<Symbol> symbol);
 
     /// What the status bar shows now.
     const std::vector<StatusBarSegment>& statusBarSegments() const { return statusBarSegments_; }
@@ -57,8 +99,8 @@ public:
     /// a first snapshot of them. Once, until `stop`.
     platform::Task<> start();
 
-    /// Ends what `start` began, and `start` itself where it is still under way; the stream's
-    /// connection has been closed in order when it returns.
+    /// Ends what `start` began, and `start` itself where it is still under way. Notifications under
+    /// way are delivered first; the stream's connection has been closed in order when it returns.
     platform::Task<> stop();
 
     platform::Task<> loadAvailableSymbols();
@@ -66,7 +108,28 @@ public:
     /// Tells the stream which pairs the watchlist has, and takes a snapshot of them.
     platform::Task<> refreshSubscriptions();
 
-    /// Stores one quote, from the stream or a snapshot.
+    /// Puts a pair on the watchlist, clears the search and begins the rotation anew.
+    void addSymbol(const Symbol& symbol);
+
+    /// Takes a pair off the watchlist, together with its quote, its alert rules and its candles.
+    void removeSymbol(const Symbol& symbol);
+
+    /// Pins a pair of the watchlist to the status bar, or unpins it, and begins the rotation anew.
+    void togglePinned(const Symbol& symbol);
+
+    /// Loads the candles of every pair on the watchlist for the chart's period, only a few at a
+    /// time, and returns once each load has ended, well or not.
+    platform::Task<> prefetchCandles();
+
+    /// Loads the pair's candles for the chart's period unless there are fresh ones. A failure
+    /// leaves what there is.
+    platform::Task<> loadCandles(Symbol symbol);
+
+    /// Asks for a new instance of the program in place of this one, which takes on the chosen
+    /// language. This one stops first.
+    void relaunchApplication();
+
+    /// Stores one quote, from the stream or a snapshot, and fires the alerts that it crosses.
     void handleQuote(const Quote& quote);
 
     /// Computes the status bar's texts from the stores, the settings and the time.
@@ -75,34 +138,60 @@ public:
 Q_SIGNALS:
     void availableSymbolsChanged();
     void loadErrorChanged();
+    void searchQueryChanged();
+    void pendingAlertSymbolChanged();
     void statusBarSegmentsChanged();
+    /// The program is to end and to start anew.
+    void relaunchRequested();
 
 private:
     platform::Task<> loadAndSubscribe();
+    void observeSleep();
+    /// Drops the stream; `assertion` delays sleep until that is done.
+    platform::Task<> fallAsleep(platform::SleepAssertion assertion);
     platform::Task<> consumeQuotes();
     platform::Task<> watchStaleness();
     platform::Task<> tickStatusBar();
+    /// Delivers what one quote fired, in order, then forgets itself.
+    platform::Task<> deliverNotifications(QUuid id, std::vector<AlertRule> fired, Quote quote);
+    platform::Task<> finishDeliveries();
     bool isOutOfDate() const;
+    void restartRotation();
+    /// What follows a change of the watchlist's pairs.
+    void followWatchlist();
     void setAvailableSymbols(std::vector<Symbol> symbols);
     void setLoadError(std::optional<QString> error);
     void setStatusBarSegments(std::vector<StatusBarSegment> segments);
 
     platform::Clock& clock_;
+    platform::Workspace& workspace_;
     QuoteStore quotes_;
+    CandleCache candles_;
     SettingsStore& settings_;
+    LaunchAtLoginController launchAtLogin_;
+    NotificationCoordinator notifications_;
+    AppLanguage languageAtLaunch_;
     WatchlistStore watchlist_;
+    AlertStore alerts_;
     std::vector<Symbol> availableSymbols_;
     std::optional<QString> loadError_;
+    QString searchQuery_;
+    std::optional<Symbol> pendingAlertSymbol_;
     std::vector<StatusBarSegment> statusBarSegments_;
     platform::Date rotationEpoch_;
     std::optional<DisplaySettings> lastAppliedSettings_;
     /// The uptime at the last accepted quote: the wall clock may be set back.
     std::chrono::nanoseconds lastUpdateUptime_{0};
     std::unique_ptr<MarketDataProvider> provider_;
+    CandleLoader candleLoader_;
     // Last, so that they end first: their frames use the members above.
     platform::TaskHandle streamTask_;
+    std::optional<SleepWakeObserver> sleepObserver_;
     platform::TaskHandle watchdog_;
     platform::TaskHandle statusBarTicker_;
+    platform::TaskScope refreshes_;
+    /// Deliveries under way, one per quote that fired.
+    std::map<QUuid, platform::TaskHandle> pendingNotifications_;
     platform::TaskHandle startUpTask_;
 };
 

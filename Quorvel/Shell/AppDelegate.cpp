@@ -1,12 +1,18 @@
 #include "Quorvel/Shell/AppDelegate.h"
 
+#include "Platform/Desktop/StatusItemIconFile.h"
+#include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
 #include "Quorvel/Shell/StatusMenu.h"
 #include "Quorvel/Shell/StatusTitle.h"
+#include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
 #include "QuorvelKit/MarketData/BinanceProvider.h"
+#include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
+#include <QLocale>
 
 namespace quorvel {
 
@@ -19,12 +25,50 @@ std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment&
     return BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream);
 }
 
+platform::NotificationSender notificationSender(const QString& iconDirectory) {
+    constexpr int iconSide = 64; // pixels; daemons scale it down
+    return {.name = QStringLiteral("Quorvel"),
+            .icon = platform::StatusItemIconFile::pathOf(StatusIcon::image(iconSide), iconDirectory,
+                                                         QStringLiteral("quorvel-notification")),
+            .desktopEntry = QStringLiteral("quorvel")};
+}
+
+platform::LoginItem loginItem() {
+    return {{.id = QStringLiteral("quorvel"),
+             .name = QStringLiteral("Quorvel"),
+             .executable = QCoreApplication::applicationFilePath()},
+            platform::LoginItem::standardDirectory()};
+}
+
+platform::Workspace::Program workspaceProgram() {
+    return {.name = QStringLiteral("Quorvel"),
+            .sleepReason = platform::localized("Quorvel", "Closing the stream of prices"),
+            .executable = QCoreApplication::applicationFilePath()};
+}
+
+/// The chosen language alone, or those of the session, best first.
+QStringList preferredLanguages(AppLanguage language) {
+    const auto identifier = localeIdentifier(language);
+    return identifier ? QStringList(QString::fromUtf8(identifier->data(), std::ssize(*identifier)))
+                      : QLocale::system().uiLanguages();
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(const Environment& environment)
     : environment_(environment),
       settings_(environment.defaults),
-      model_(makeProvider(environment), settings_, environment.files, environment.clock) {}
+      tables_(preferredLanguages(settings_.language())),
+      notificationCenter_(notificationSender(environment.iconDirectory),
+                          QDBusConnection::sessionBus(), environment.clock),
+      workspace_(workspaceProgram(), QDBusConnection::systemBus(), environment.clock),
+      model_({.provider = makeProvider(environment),
+              .settings = settings_,
+              .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
+              .loginService = std::make_unique<SystemLaunchAtLoginService>(loginItem()),
+              .workspace = workspace_,
+              .files = environment.files,
+              .clock = environment.clock}) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -65,6 +109,7 @@ void AppDelegate::updateStatusItem(StatusItem::Urgency urgency) {
 void AppDelegate::terminate() {
     if (stopTask_)
         return;
+    Q_EMIT terminating();
     startTask_ = {};
     stopTask_ = platform::startTask(stopModel());
     // The user asked the program to end; a network that does not answer is no reason to stay.

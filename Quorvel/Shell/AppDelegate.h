@@ -4,7 +4,10 @@
 #include "Platform/Desktop/StatusItem.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
+#include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Services/UserNotificationCenter.h"
+#include "Platform/Services/Workspace.h"
 #include "Quorvel/Model/AppModel.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
@@ -38,6 +41,9 @@ public:
     void terminate();
 
 Q_SIGNALS:
+    /// Stopping has begun.
+    void terminating();
+
     /// Everything has been stopped; the event loop may end.
     void terminated();
 
@@ -48,6 +54,9 @@ private:
 
     Environment environment_;
     SettingsStore settings_;
+    platform::InstalledTables tables_; // before the model, which may have something to say
+    platform::UserNotificationCenter notificationCenter_;
+    platform::Workspace workspace_;
     AppModel model_;
     std::unique_ptr<platform::StatusItem> statusItem_;
     std::unique_ptr<platform::ClockTimer> stopDeadline_;

@@ -1,11 +1,20 @@
 #include "Platform/Foundation/SystemClock.h"
+#include "Platform/Services/SingleInstance.h"
 #include "Platform/Services/TerminationSignals.h"
 #include "Quorvel/Shell/AppDelegate.h"
+#include "QuorvelKit/Stores/FileWatchlistPersistence.h"
 
 #include <QApplication>
+#include <QDBusConnection>
+#include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cstdio>
+#include <cstdlib>
+
 using namespace quorvel;
+using platform::FileManager;
+using platform::SingleInstance;
 
 namespace {
 
@@ -18,6 +27,47 @@ QString iconDirectory() {
     return base + QStringLiteral("/Quorvel");
 }
 
+/// Where the files are that only one process may write.
+QString dataDirectory(const FileManager& files) {
+    try {
+        return QFileInfo(FileWatchlistPersistence::standardLocation(files)).path();
+    } catch (const platform::FileError&) {
+        return files.temporaryDirectory();
+    }
+}
+
+/// The exit status of a start that found another one; absent for the first.
+std::optional<int> statusOfLaterStart(SingleInstance& instance) {
+    switch (instance.claim()) {
+    case SingleInstance::Outcome::first:
+        return std::nullopt;
+    case SingleInstance::Outcome::handedOver:
+        return EXIT_SUCCESS;
+    case SingleInstance::Outcome::unanswered:
+        break;
+    }
+    const auto process = instance.firstProcess();
+    const std::string which = process ? " (process " + std::to_string(*process) + ")" : "";
+    std::fprintf(stderr, "Quorvel is running already%s, but does not answer.\n", which.c_str());
+    return EXIT_FAILURE;
+}
+
+int run(const FileManager& files, SingleInstance& instance) {
+    platform::SystemClock clock;
+    platform::UserDefaults defaults(
+        platform::UserDefaults::standardPath(QStringLiteral("Quorvel")));
+    const platform::TerminationSignals signals;
+    AppDelegate delegate({clock, files, defaults, iconDirectory()});
+    QObject::connect(&signals, &platform::TerminationSignals::received, &delegate,
+                     &AppDelegate::terminate);
+    QObject::connect(&delegate, &AppDelegate::terminating, &instance,
+                     &SingleInstance::stopListening);
+    QObject::connect(&delegate, &AppDelegate::terminated, QCoreApplication::instance(),
+                     &QCoreApplication::quit, Qt::QueuedConnection);
+    delegate.applicationDidFinishLaunching();
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -26,16 +76,12 @@ int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
-    platform::SystemClock clock;
-    const platform::FileManager files = platform::FileManager::standard();
-    platform::UserDefaults defaults(
-        platform::UserDefaults::standardPath(QStringLiteral("Quorvel")));
-    const platform::TerminationSignals signals;
-    AppDelegate delegate({clock, files, defaults, iconDirectory()});
-    QObject::connect(&signals, &platform::TerminationSignals::received, &delegate,
-                     &AppDelegate::terminate);
-    QObject::connect(&delegate, &AppDelegate::terminated, &application, &QCoreApplication::quit,
-                     Qt::QueuedConnection);
-    delegate.applicationDidFinishLaunching();
-    return QApplication::exec();
+    const FileManager files = FileManager::standard();
+    SingleInstance instance({.interface = QStringLiteral("org.quorvel.Quorvel"),
+                             .method = QStringLiteral("OpenPanel"),
+                             .lockFile = QStringLiteral("quorvel.lock")},
+                            dataDirectory(files), QDBusConnection::sessionBus());
+    if (const auto status = statusOfLaterStart(instance))
+        return *status;
+    return run(files, instance);
 }

@@ -5,7 +5,8 @@
 namespace quorvel {
 
 QString label(ChartPeriod period) {
-    return platform::localized("QuorvelKit", period == ChartPeriod::day ? "24 hours" : "7 days");
+    return period == ChartPeriod::day ? platform::localized("QuorvelKit", "24 hours")
+                                      : platform::localized("QuorvelKit", "7 days");
 }
 
 std::string_view interval(ChartPeriod period) {

@@ -28,7 +28,7 @@ public:
 
     void setDisplay(const DisplaySettings& display);
 
-    /// Also writes the list of preferred languages that is read at the next launch.
+    /// Takes effect at the next launch. Also keeps the list of preferred languages in step.
     void setLanguage(AppLanguage language);
     void setAppearance(AppearanceMode appearance);
 

@@ -102,8 +102,8 @@ void WatchlistStore::save() {
     try {
         persistence_->save(items_);
     } catch (const std::exception& failure) {
-        error = platform::localized("QuorvelKit", "Couldn't save watchlist: ") +
-                platform::localizedDescription(failure);
+        error = platform::localized("QuorvelKit", "Couldn't save watchlist: %1")
+                    .arg(platform::localizedDescription(failure));
     }
     setLastPersistError(std::move(error));
     Q_EMIT itemsChanged();

@@ -45,12 +45,17 @@ INSTANTIATE_TEST_SUITE_P(
 
 class LivePrices : public test::LiveSession {
 protected:
+    static constexpr int quitEntry = 4; ///< behind Open, Settings… and the separator
+
+    QDBusMessage menu(const QString& member, const QVariantList& arguments) {
+        return panel_.call(quorvel_.itemService(), QStringLiteral("/MenuBar"),
+                           QStringLiteral("com.canonical.dbusmenu"), member, arguments);
+    }
+
     /// Chooses an entry of the menu by its place, counted from 1.
     void choose(int id) {
-        panel_.call(
-            quorvel_.itemService(), QStringLiteral("/MenuBar"),
-            QStringLiteral("com.canonical.dbusmenu"), QStringLiteral("Event"),
-            {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(QString())), 0u});
+        menu(QStringLiteral("Event"),
+             {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(QString())), 0u});
     }
 };
 
@@ -90,6 +95,39 @@ TEST_F(LivePrices, SurviveTheSessionBus) {
     EXPECT_EQ(closeCode(), 1001);
 }
 
+struct Language {
+    const char* chosen;
+    const char* session; ///< languages of the session, best first
+    const char* quit;    ///< the text of the menu's last entry
+};
+
+class EachLanguage : public LivePrices, public testing::WithParamInterface<Language> {
+protected:
+    void SetUp() override { qputenv("LANGUAGE", GetParam().session); }
+    void TearDown() override { qunsetenv("LANGUAGE"); }
+};
+
+TEST_P(EachLanguage, IsSpokenWithTheSameNumbers) {
+    quorvel_.setPreference(QStringLiteral("interfaceLanguage"),
+                           QString::fromLatin1(GetParam().chosen));
+    quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
+    start();
+    const QVariantList reply =
+        menu(QStringLiteral("GetProperty"), {quitEntry, QStringLiteral("label")}).arguments();
+    EXPECT_EQ(reply.value(0).value<QDBusVariant>().variant(), QString::fromUtf8(GetParam().quit));
+    EXPECT_TRUE(showsLabel("BTC 65,432.10 +1.23% ▲", 10s));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    LivePrices, EachLanguage,
+    testing::Values(Language{"simplifiedChinese", "en", "退出"},
+                    Language{"system", "zh_CN:en", "退出"}, Language{"system", "zh_TW:en", "Quit"},
+                    Language{"english", "zh_CN", "Quit"}),
+    [](const auto& info) {
+        return std::string(info.param.chosen) + "_" +
+               QString::fromLatin1(info.param.session).replace(u':', u'_').toStdString();
+    });
+
 class EachEnd : public LivePrices, public testing::WithParamInterface<int> {};
 
 TEST_P(EachEnd, ClosesTheStreamInOrderAndGivesZero) {
@@ -97,7 +135,6 @@ TEST_P(EachEnd, ClosesTheStreamInOrderAndGivesZero) {
     ASSERT_TRUE(test::waitUntil([this] { return connectionCount() == 1; }));
     ASSERT_TRUE(showsPrices());
     simulator_.control("walk", R"({"running":true})");
-    constexpr int quitEntry = 4; // behind Open, Settings… and the separator
     if (GetParam() == 0)
         choose(quitEntry);
     else

@@ -3,6 +3,7 @@
 #include "Tests/Support/WaitUntil.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcessEnvironment>
 
@@ -21,13 +22,15 @@ void write(const QString& path, const QByteArray& bytes) {
 
 } // namespace
 
-QuorvelProcess::QuorvelProcess() {
+QuorvelProcess::QuorvelProcess() : directory_(std::make_shared<QTemporaryDir>()) {
     for (const char* const part : {"config/Quorvel", "data/Quorvel", "cache", "run"})
-        QDir(directory_.path()).mkpath(QString::fromLatin1(part));
-    QFile::setPermissions(directory_.filePath(QStringLiteral("run")),
+        QDir(directory_->path()).mkpath(QString::fromLatin1(part));
+    QFile::setPermissions(directory_->filePath(QStringLiteral("run")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
 }
+
+QuorvelProcess::QuorvelProcess(const QuorvelProcess& other) : directory_(other.directory_) {}
 
 QuorvelProcess::~QuorvelProcess() {
     if (!isRunning())
@@ -42,7 +45,15 @@ void QuorvelProcess::setExchange(const QUrl& rest, const QUrl& stream) {
 }
 
 QString QuorvelProcess::watchlistPath() const {
-    return directory_.filePath(QStringLiteral("data/Quorvel/watchlist.json"));
+    return directory_->filePath(QStringLiteral("data/Quorvel/watchlist.json"));
+}
+
+QString QuorvelProcess::alertsPath() const {
+    return directory_->filePath(QStringLiteral("data/Quorvel/alerts.json"));
+}
+
+void QuorvelProcess::writeAlerts(const QByteArray& json) const {
+    write(alertsPath(), json);
 }
 
 void QuorvelProcess::writeWatchlist(const QByteArray& json) const {
@@ -53,15 +64,16 @@ void QuorvelProcess::writePreferences() const {
     QByteArray lines("[General]\n");
     for (const auto [key, value] : preferences_.asKeyValueRange())
         lines += key.toUtf8() + '=' + value.toUtf8() + '\n';
-    write(directory_.filePath(QStringLiteral("config/Quorvel/Quorvel.conf")), lines);
+    write(directory_->filePath(QStringLiteral("config/Quorvel/Quorvel.conf")), lines);
 }
 
 void QuorvelProcess::start() {
-    writePreferences();
+    if (!preferences_.isEmpty())
+        writePreferences();
     auto environment = QProcessEnvironment::systemEnvironment();
     const auto set = [&](const char* name, const char* folder) {
         environment.insert(QString::fromLatin1(name),
-                           directory_.filePath(QString::fromLatin1(folder)));
+                           directory_->filePath(QString::fromLatin1(folder)));
     };
     set("XDG_CONFIG_HOME", "config");
     set("XDG_DATA_HOME", "data");
@@ -83,6 +95,23 @@ std::optional<int> QuorvelProcess::waitForEnd() {
         process_.exitStatus() != QProcess::NormalExit)
         return std::nullopt;
     return process_.exitCode();
+}
+
+std::map<std::string, std::pair<std::string, QDateTime>> QuorvelProcess::files() const {
+    std::map<std::string, std::pair<std::string, QDateTime>> found;
+    for (const char* const part : {"config", "data"}) {
+        QDirIterator each(directory_->filePath(QString::fromLatin1(part)),
+                          QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                          QDirIterator::Subdirectories);
+        while (each.hasNext()) {
+            const QString path = each.next();
+            QFile file(path);
+            const bool isFile = file.open(QIODevice::ReadOnly);
+            found[path.toStdString()] = {isFile ? file.readAll().toStdString() : "",
+                                         each.fileInfo().lastModified()};
+        }
+    }
+    return found;
 }
 
 QString QuorvelProcess::itemService() const {

@@ -1,25 +1,36 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QMap>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 #include <QUrl>
 
+#include <map>
+#include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace test {
 
-/// The program in a process and a profile of its own. Killed with this object if it still runs.
+/// The program in a process of its own, and the profile that it runs in. Killed with this object if
+/// it still runs.
 class QuorvelProcess {
 public:
+    /// With a profile of its own.
     QuorvelProcess();
-    QuorvelProcess(const QuorvelProcess&) = delete;
+
+    /// In the profile of another one. What it prints as errors is kept for `messages`.
+    explicit QuorvelProcess(const QuorvelProcess& other);
+
     QuorvelProcess& operator=(const QuorvelProcess&) = delete;
     ~QuorvelProcess();
 
-    /// A line of the preferences file. Before `start`.
+    /// A line of the preferences file. Before `start`, which leaves the file alone where there is
+    /// none.
     void setPreference(const QString& key, const QString& value) { preferences_[key] = value; }
 
     /// The exchange that the preferences name.
@@ -28,7 +39,11 @@ public:
     /// The bytes of the watchlist file. Before `start`.
     void writeWatchlist(const QByteArray& json) const;
 
+    /// The bytes of the alerts file. Before `start`.
+    void writeAlerts(const QByteArray& json) const;
+
     QString watchlistPath() const;
+    QString alertsPath() const;
 
     /// Starts the program on the session bus that the environment names, without a display.
     void start();
@@ -41,13 +56,22 @@ public:
     /// within ten seconds. Lets the event loop run.
     std::optional<int> waitForEnd();
 
+    /// What it has printed as errors; empty where the profile is its own.
+    std::string messages() { return process_.readAllStandardError().toStdString(); }
+
+    qint64 processId() const { return process_.processId(); }
+
+    /// Every file of the profile but those that go with the session: the path, then the content and
+    /// when it was last changed.
+    std::map<std::string, std::pair<std::string, QDateTime>> files() const;
+
     /// The well-known name under which its status item is on the bus.
     QString itemService() const;
 
 private:
     void writePreferences() const;
 
-    QTemporaryDir directory_;
+    std::shared_ptr<QTemporaryDir> directory_;
     QMap<QString, QString> preferences_;
     QProcess process_;
 };

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "Tests/Support/ChildProcess.h"
+
 #include <QDBusConnection>
-#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -30,7 +31,7 @@ private:
     QString writeConfiguration() const;
 
     QTemporaryDir directory_;
-    QProcess daemon_;
+    ChildProcess daemon_;
     QString address_;
     QStringList connections_;
 };

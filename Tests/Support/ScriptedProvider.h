@@ -5,6 +5,7 @@
 
 #include <QPromise>
 
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -22,6 +23,9 @@ public:
     /// Finished by the test: with pairs, or with an exception.
     QPromise<std::vector<quorvel::Symbol>> pairs;
 
+    /// Requests for candles by base asset, each to be finished by the test: with candles, or with
+    /// an exception.
+    std::map<std::string, QPromise<std::vector<quorvel::Candle>>> candleRequests;
     /// While set, a snapshot waits for the test to finish this.
     std::optional<QPromise<void>> heldSnapshot;
 
@@ -45,10 +49,13 @@ public:
         co_return co_await pairs.future();
     }
 
-    platform::Task<std::vector<quorvel::Candle>> candles(quorvel::Symbol,
+    platform::Task<std::vector<quorvel::Candle>> candles(quorvel::Symbol symbol,
                                                          quorvel::ChartPeriod) override {
-        throw std::logic_error("nobody asks for candles");
-        co_return std::vector<quorvel::Candle>();
+        calls.push_back("candles " + symbol.base);
+        auto& request = candleRequests[symbol.base];
+        request = {};
+        request.start();
+        co_return co_await request.future();
     }
 
     platform::Task<platform::AsyncStream<quorvel::Quote>> quotes() override {

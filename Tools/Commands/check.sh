@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Each step below is a function step_NAME; `./dev check` runs all, `./dev check NAME...` those named.
 
-allSteps=(format includes scripts tidy asan tsan desktop)
+allSteps=(format includes translations scripts tidy asan tsan desktop)
 
 command_check() {
     local steps=("$@") step began failed=()
@@ -35,6 +35,11 @@ step_format() {
 step_includes() {
     requirePackages includes
     python3 Tools/Checks/include_direction.py
+}
+
+step_translations() {
+    requirePackages translations
+    python3 Tools/Checks/translations.py
 }
 
 step_scripts() {

@@ -5,18 +5,19 @@
 
 packages_build=(
     cmake ninja-build clang-19 lld-19
-    qt6-base-dev qt6-websockets-dev libsimdjson-dev
+    qt6-base-dev qt6-websockets-dev qt6-l10n-tools libsimdjson-dev
 )
-packages_test=(libgtest-dev libgmock-dev dbus-daemon python3-dbusmock)
+packages_test=(libgtest-dev libgmock-dev dbus-daemon python3 python3-dbusmock python3-gi xvfb dunst)
 packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)
 packages_desktop=(
     xvfb dbus-daemon openbox picom xdotool imagemagick x11-utils
-    mate-panel mate-indicator-applet ayatana-indicator-application
+    mate-panel mate-indicator-applet ayatana-indicator-application dunst
     adwaita-icon-theme fonts-dejavu-core
 )
 packages_bench=(libbenchmark-dev python3)
 packages_format=(git clang-format-19)
 packages_includes=(git python3)
+packages_translations=(git python3)
 packages_scripts=(shellcheck)
 packages_tidy=(git python3 clang-tidy-19)
 packages_sanitizers=(libclang-rt-19-dev llvm-19)

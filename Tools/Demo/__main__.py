@@ -5,7 +5,6 @@ import os
 import re
 import select
 import signal
-import subprocess
 import sys
 import time
 from pathlib import Path
@@ -19,6 +18,13 @@ ROOT = Path(__file__).absolute().parents[2]
 FOLDER = ROOT / "build" / "demo"
 RELEASE = ROOT / "build" / "release"
 SEED = 20
+
+NOTIFICATION = "Notification: "
+# The picture shows the first two together, once the daemon has drawn them.
+PICTURED = 2
+DRAWN_AFTER = 0.7
+# Prices walk across a threshold near by sooner than this, in all likelihood.
+ALERTS_FIRE_WITHIN = 30
 
 PRICED = re.compile(rf"\b({'|'.join(PINNED + OTHERS)}) -?\d[\d,]*\.\d")
 
@@ -52,7 +58,7 @@ def arguments():
 
 
 def run(options, children):
-    for name in ("panel.png", "screen.png"):
+    for name in ("panel.png", "screen.png", "notification.png"):
         (FOLDER / name).unlink(missing_ok=True)
     profile = Profile(FOLDER / "profile")
     if options.desktop == "virtual":
@@ -67,17 +73,19 @@ def run(options, children):
          "--port", "0", "--seed", str(SEED)],
         environment)
     profile.prepare(rest_url(simulator))
-    reader = children.start(
-        "reader", ["/usr/bin/python3", str(ROOT / "Tools/Demo/reader.py")], environment,
-        stdout=subprocess.PIPE)
+    source, sink = os.pipe()
+    for name in ("reader", "notifications"):
+        children.start(name, ["/usr/bin/python3", str(ROOT / f"Tools/Demo/{name}.py")],
+                       environment, stdout=sink)
     children.start(
         "quorvel", [str(RELEASE / "Quorvel/quorvel")], profile.environment(environment))
 
-    print("The status text as the panel gets it"
+    print("The status text as the panel gets it, and notifications as the daemon takes them"
           + ("" if options.seconds else ", until Ctrl-C") + ":")
-    texts = follow(reader, children, options.seconds)
+    show = Show(source, children, environment)
+    show.follow(options.seconds)
     print(f"Saved {picture.save(FOLDER, environment).relative_to(ROOT)}")
-    judge(texts)
+    show.judge(options.seconds)
 
 
 def rest_url(simulator):
@@ -88,34 +96,63 @@ def rest_url(simulator):
     return found[1]
 
 
-def follow(reader, children, seconds):
-    """Passes on what the reader prints until the time is over or Ctrl-C; gives the texts."""
-    texts = []
-    end = time.monotonic() + seconds if seconds else float("inf")
-    source, rest = reader.process.stdout.fileno(), b""
-    try:
-        while (left := end - time.monotonic()) > 0:
-            children.check()
-            if not select.select([source], [], [], min(left, 0.25))[0]:
+class Show:
+    """What the readers print, passed on and kept."""
+
+    def __init__(self, source, children, environment):
+        self.source = source
+        self.children = children
+        self.environment = environment
+        self.rest = b""
+        self.texts = []
+        self.notifications = []
+        self.picture_due = float("inf")
+
+    def follow(self, seconds):
+        """Passes on what the readers print until the time is over or Ctrl-C."""
+        end = time.monotonic() + seconds if seconds else float("inf")
+        try:
+            while (left := end - time.monotonic()) > 0:
+                self.children.check()
+                if select.select([self.source], [], [], min(left, 0.25))[0]:
+                    self.read()
+                if time.monotonic() > self.picture_due:
+                    self.picture_notification()
+        except KeyboardInterrupt:
+            print()
+        if self.picture_due < float("inf"):
+            self.picture_notification()
+
+    def read(self):
+        *lines, self.rest = (self.rest + os.read(self.source, 65536)).split(b"\n")
+        for line in map(bytes.decode, lines):
+            print(line)
+            text = line.partition("  ")[2]
+            if not text.startswith(NOTIFICATION):
+                self.texts.append(text)
                 continue
-            *lines, rest = (rest + os.read(source, 65536)).split(b"\n")
-            for line in lines:
-                print(line.decode())
-                texts.append(line.decode().partition("  ")[2])
-    except KeyboardInterrupt:
-        print()
-    return texts
+            self.notifications.append(text)
+            if len(self.notifications) <= PICTURED:
+                self.picture_due = time.monotonic() + DRAWN_AFTER
 
+    def picture_notification(self):
+        saved = picture.save_notification(FOLDER, self.environment)
+        print(f"Saved {saved.relative_to(ROOT)}")
+        self.picture_due = float("inf")
 
-def judge(texts):
-    """Raises Failure unless prices of the prepared pairs were seen to change."""
-    priced = {text for text in texts if PRICED.search(text)}
-    if not texts:
-        raise Failure("the panel was given no status text at all")
-    if len(priced) < 2:
-        raise Failure(f"of {len(texts)} status texts only {len(priced)} showed a prepared pair's"
-                      " price, and at least two different ones are needed")
-    print(f"{len(priced)} different status texts with prices.")
+    def judge(self, seconds):
+        """Raises Failure unless prices of the prepared pairs, and alerts on them, were seen."""
+        priced = {text for text in self.texts if PRICED.search(text)}
+        if not self.texts:
+            raise Failure("the panel was given no status text at all")
+        if len(priced) < 2:
+            raise Failure(f"of {len(self.texts)} status texts only {len(priced)} showed a prepared"
+                          " pair's price, and at least two different ones are needed")
+        if (seconds or 0) >= ALERTS_FIRE_WITHIN and len(self.notifications) < 2:
+            raise Failure(f"only {len(self.notifications)} notifications reached the daemon, and at"
+                          " least two are needed")
+        print(f"{len(priced)} different status texts with prices, and"
+              f" {len(self.notifications)} notifications.")
 
 
 if __name__ == "__main__":

@@ -7,6 +7,8 @@ import dbus.bus
 
 from children import wait_for
 
+WATCHER = "org.kde.StatusNotifierWatcher"
+NOTIFICATIONS = "org.freedesktop.Notifications"
 SCREEN = "1280x800x24"
 INDICATOR_SERVICE = \
     "/usr/libexec/ayatana-indicator-application/ayatana-indicator-application-service"
@@ -30,18 +32,38 @@ position=0
 panel-right-stick=true
 """
 
+# Long enough for a picture of two, short enough not to pile up.
+DAEMON_SETTINGS = """\
+[global]
+font = DejaVu Sans 10
+origin = top-right
+offset = 12x40
+width = 320
+icon_theme = Adwaita
+enable_recursive_icon_lookup = true
+format = "<b>%s</b>\\n%b"
+frame_width = 1
+frame_color = "#5a5a5a"
+corner_radius = 6
+[urgency_normal]
+background = "#2d2d2d"
+foreground = "#f2f2f2"
+timeout = 8
+"""
+
 
 def own_session():
     """The environment of the user's session, in which a panel is up already."""
     environment = dict(os.environ)
     environment.setdefault(
         "DBUS_SESSION_BUS_ADDRESS", f"unix:path={os.environ.get('XDG_RUNTIME_DIR')}/bus")
-    wait_for(lambda: has_watcher(environment), "a panel that shows status items")
+    wait_for(lambda: has_owner(WATCHER, environment), "a panel that shows status items")
     return environment
 
 
 def virtual(children, profile):
-    """Starts a display, a bus, a window manager, a compositor and a panel; gives the environment."""
+    """Starts a display, a bus, a window manager, a compositor, a panel
+    and a notification daemon; gives the environment."""
     environment = profile.environment(dict(os.environ))
     environment |= {
         "XDG_RUNTIME_DIR": str(_runtime_folder(profile)),
@@ -66,16 +88,20 @@ def virtual(children, profile):
     children.start("window-manager", ["openbox", "--sm-disable"], environment)
     children.start("compositor", ["picom", "--backend", "xrender"], environment)
     service = children.start("indicator-service", [INDICATOR_SERVICE], environment)
-    wait_for(lambda: has_watcher(environment), "the indicator service", service)
+    wait_for(lambda: has_owner(WATCHER, environment), "the indicator service", service)
     children.start("panel", ["mate-panel"], environment)
+    settings = profile.folder / "dunstrc"
+    settings.write_text(DAEMON_SETTINGS)
+    daemon = children.start("daemon", ["dunst", "-conf", str(settings)], environment)
+    wait_for(lambda: has_owner(NOTIFICATIONS, environment), "the notification daemon", daemon)
     return environment
 
 
-def has_watcher(environment):
-    """Whether something on the session bus takes status items."""
+def has_owner(name, environment):
+    """Whether a program on the session bus offers the service of this name."""
     bus = dbus.bus.BusConnection(environment["DBUS_SESSION_BUS_ADDRESS"])
     try:
-        return bus.name_has_owner("org.kde.StatusNotifierWatcher")
+        return bus.name_has_owner(name)
     finally:
         bus.close()
 

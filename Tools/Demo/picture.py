@@ -18,6 +18,17 @@ def save(folder, environment):
     return panel
 
 
+def save_notification(folder, environment):
+    """Saves notification.png: what the daemon has drawn, or the screen where that is not known."""
+    screen, notification = folder / "screen.png", folder / "notification.png"
+    _capture(screen, environment)
+    windows = _run(["xwininfo", "-root", "-tree"], environment) if environment.get("DISPLAY") else ""
+    found = re.search(r'\("Dunst" "Dunst"\)\s+(\d+x\d+)\S*\s+(\+\d+\+\d+)', windows)
+    area = found[1] + found[2] if found else "100%x100%+0+0"
+    _run(["convert", str(screen), "-crop", area, "+repage", str(notification)], environment)
+    return notification
+
+
 def _capture(screen, environment):
     if environment.get("WAYLAND_DISPLAY") and shutil.which("grim"):
         _run(["grim", str(screen)], environment)

@@ -5,7 +5,10 @@
 #include "Platform/Async/SleepFor.h"
 #include "Platform/Async/TaskHandle.h"
 #include "Platform/Async/WorkerThread.h"
+#include "Platform/Services/DBusCall.h"
+#include "Tests/Support/FakeNotificationService.h"
 #include "Tests/Support/ManualClock.h"
+#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QCoreApplication>
@@ -123,6 +126,39 @@ private:
                              [this] { return std::make_unique<Remote>(std::move(stream_.first)); }};
 };
 
+class DBusCallSubject final : public Subject {
+public:
+    DBusCallSubject() {
+        service_.setHabit(method_, test::FakeNotificationService::Habit::hold);
+        call_ = std::make_unique<DBusCall>(
+            bus_.connect(),
+            QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
+                                           QStringLiteral("/org/freedesktop/Notifications"),
+                                           QStringLiteral("org.freedesktop.Notifications"),
+                                           method_),
+            clock_);
+        EXPECT_TRUE(test::waitUntil([&] { return service_.called().contains(method_); }));
+    }
+    Task<> wait() override {
+        const auto call = std::move(call_);
+        const QDBusMessage answer = co_await *call;
+        EXPECT_EQ(answer.arguments().value(0), QStringLiteral("fake"));
+    }
+    void complete() override {
+        service_.answerHeld();
+        if (call_)
+            EXPECT_TRUE(test::waitUntil([&] { return call_->isReady(); }));
+    }
+    void fail() override { service_.refuseHeld(); }
+
+private:
+    const QString method_ = QStringLiteral("GetServerInformation");
+    test::ManualClock clock_;
+    test::PrivateBus bus_;
+    test::FakeNotificationService service_{bus_.connect()};
+    std::unique_ptr<DBusCall> call_;
+};
+
 struct Kind {
     const char* name;
     std::unique_ptr<Subject> (*make)();
@@ -145,7 +181,7 @@ protected:
         try {
             co_await subject_->wait();
             progress_ = Progress::passed;
-        } catch (const std::runtime_error&) {
+        } catch (const std::exception&) {
             progress_ = Progress::failed;
         }
     }
@@ -238,17 +274,19 @@ const Kind stream = kind<StreamSubject>("Stream");
 const Kind childTask = kind<ChildTaskSubject>("ChildTask");
 const Kind taskEnd = kind<TaskEndSubject>("TaskEnd");
 const Kind mailboxCall = kind<MailboxSubject>("MailboxCall");
+const Kind dbusCall = kind<DBusCallSubject>("DBusCall");
 
 std::string nameOf(const testing::TestParamInfo<Kind>& info) {
     return info.param.name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, Awaitable,
-                         testing::Values(sleeping, future, stream, childTask, taskEnd, mailboxCall),
+                         testing::Values(sleeping, future, stream, childTask, taskEnd, mailboxCall,
+                                         dbusCall),
                          nameOf);
-INSTANTIATE_TEST_SUITE_P(Each, ReadyAwaitable, testing::Values(future, stream, childTask, taskEnd),
-                         nameOf);
-INSTANTIATE_TEST_SUITE_P(Each, FailingAwaitable, testing::Values(future, childTask, mailboxCall),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, ReadyAwaitable,
+                         testing::Values(future, stream, childTask, taskEnd, dbusCall), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, FailingAwaitable,
+                         testing::Values(future, childTask, mailboxCall, dbusCall), nameOf);
 
 } // namespace

@@ -1,13 +1,8 @@
-#include "Quorvel/Model/AppModel.h"
-
-#include "Tests/Support/ManualClock.h"
-#include "Tests/Support/RunTask.h"
-#include "Tests/Support/ScriptedProvider.h"
+#include "Tests/Quorvel/Model/ModelFixture.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,66 +11,8 @@ using namespace quorvel;
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-namespace {
-
-const Symbol btc{"BTC", "USDT"};
-
-const QByteArray twoPairs =
-    R"([{"symbol":{"base":"BTC","quote":"USDT"},"isPinnedToStatusBar":false},)"
-    R"({"symbol":{"base":"ETH","quote":"USDT"},"isPinnedToStatusBar":false}])";
-
-class Model : public testing::Test {
-protected:
-    void make(const QByteArray& watchlist = twoPairs) {
-        platform::FileManager::writeAtomically(
-            watchlist, directory_.filePath(QStringLiteral("share/Quorvel/watchlist.json")));
-        makeFromFiles();
-    }
-
-    void makeFromFiles() {
-        auto provider = std::make_unique<test::ScriptedProvider>();
-        provider_ = provider.get();
-        model_ = std::make_unique<AppModel>(std::move(provider), settings_, files_, clock_);
-    }
-
-    /// Starts the model, and loads the list of pairs unless told not to.
-    void start(bool loadsPairs = true) {
-        startTask_ = platform::startTask(model_->start());
-        test::drainEvents();
-        if (!loadsPairs)
-            return;
-        provider_->pairs.addResult(std::vector{btc});
-        provider_->pairs.finish();
-        test::drainEvents();
-    }
-
-    Quote quote(std::int64_t price) const {
-        return {btc, Decimal(price), Decimal(1), clock_.now()};
-    }
-
-    void push(std::int64_t price) {
-        EXPECT_TRUE(provider_->push(quote(price)));
-        test::drainEvents();
-    }
-
-    std::string text() const {
-        return model_->statusBarSegments().empty()
-                   ? ""
-                   : model_->statusBarSegments()[0].text.toStdString();
-    }
-
-    QTemporaryDir directory_;
-    platform::FileManager files_{directory_.filePath(QStringLiteral("share")),
-                                 directory_.filePath(QStringLiteral("tmp"))};
-    platform::UserDefaults defaults_{directory_.filePath(QStringLiteral("Quorvel.conf"))};
-    SettingsStore settings_{defaults_};
-    test::ManualClock clock_;
-    test::ScriptedProvider* provider_ = nullptr;
-    std::unique_ptr<AppModel> model_;
-    platform::TaskHandle startTask_;
-};
-
-} // namespace
+using test::btc;
+using Model = test::ModelFixture;
 
 TEST_F(Model, SubscribesOnceTheListOfPairsIsThere) {
     make();
@@ -187,6 +124,23 @@ TEST_F(Model, MarksNothingStaleWithoutPairs) {
     EXPECT_FALSE(model_->quotes().isStale());
     EXPECT_THAT(provider_->calls, ElementsAre("pairs", "quotes", "subscribe"));
     EXPECT_TRUE(model_->statusBarSegments().empty());
+}
+
+TEST_F(Model, FollowsAChangedWatchlistAtOnceAndBeginsTheRotationAnew) {
+    make();
+    start();
+    clock_.advance(5s);
+    EXPECT_EQ(text(), "ETH");
+    model_->setSearchQuery(QStringLiteral("sol"));
+    model_->addSymbol({"SOL", "USDT"});
+    EXPECT_EQ(text(), "BTC");
+    EXPECT_EQ(model_->searchQuery(), QString());
+    test::drainEvents();
+    EXPECT_THAT(provider_->calls,
+                testing::IsSupersetOf({"subscribe BTC ETH SOL", "snapshot BTC ETH SOL"}));
+    clock_.advance(5s);
+    model_->togglePinned({"SOL", "USDT"});
+    EXPECT_EQ(text(), "SOL");
 }
 
 TEST_F(Model, StopsEverythingItStartedAndMayStartAgain) {

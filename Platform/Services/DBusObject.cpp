@@ -1,4 +1,4 @@
-#include "Platform/Desktop/DBusObject.h"
+#include "Platform/Services/DBusObject.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -1,0 +1,53 @@
+#include "QuorvelKit/Alerts/NotificationCoordinator.h"
+
+#include "Platform/Foundation/PlatformError.h"
+#include "Platform/Foundation/StringTable.h"
+#include "QuorvelKit/MarketModel/PriceFormatter.h"
+
+#include <utility>
+
+namespace quorvel {
+
+using platform::Task;
+
+Task<> NotificationCoordinator::requestAuthorizationIfNeeded() {
+    if (hasRequestedAuthorization_)
+        co_return;
+    hasRequestedAuthorization_ = true;
+    Q_EMIT hasRequestedAuthorizationChanged();
+    setAuthorized(co_await delivering_->requestAuthorization());
+}
+
+Task<> NotificationCoordinator::notify(AlertRule rule, Quote quote) {
+    co_await requestAuthorizationIfNeeded();
+    if (!isAuthorized_)
+        co_return;
+    QString title =
+        QString::fromStdString(rule.symbol.base) + QLatin1Char(' ') + rule.condition.description();
+    QString body = platform::localized("QuorvelKit", "Now %1  %2")
+                       .arg(PriceFormatter::price(quote.lastPrice),
+                            PriceFormatter::changePercent(quote.changePercent24h));
+    try {
+        co_await delivering_->deliver(std::move(title), std::move(body));
+        setLastDeliveryError(std::nullopt);
+    } catch (const std::exception& error) {
+        setLastDeliveryError(platform::localized("QuorvelKit", "Couldn't deliver notification: %1")
+                                 .arg(platform::localizedDescription(error)));
+    }
+}
+
+void NotificationCoordinator::setAuthorized(bool authorized) {
+    if (isAuthorized_ == authorized)
+        return;
+    isAuthorized_ = authorized;
+    Q_EMIT isAuthorizedChanged();
+}
+
+void NotificationCoordinator::setLastDeliveryError(std::optional<QString> error) {
+    if (lastDeliveryError_ == error)
+        return;
+    lastDeliveryError_ = std::move(error);
+    Q_EMIT lastDeliveryErrorChanged();
+}
+
+} // namespace quorvel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "QuorvelKit/Alerts/AlertRule.h"
+#include "QuorvelKit/Alerts/NotificationDelivering.h"
+#include "QuorvelKit/MarketModel/Quote.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace quorvel {
+
+/// Tells the user of fired alerts: asks once per run whether notifications may be shown, words each
+/// of them, and keeps what went wrong for the views. Owned by the application model; main thread.
+class NotificationCoordinator : public QObject {
+    Q_OBJECT
+
+public:
+    explicit NotificationCoordinator(std::unique_ptr<NotificationDelivering> delivering)
+        : delivering_(std::move(delivering)) {}
+
+    /// The answer to this run's request; false before there is one.
+    bool isAuthorized() const { return isAuthorized_; }
+
+    /// Whether this run's request has been made, answered or not.
+    bool hasRequestedAuthorization() const { return hasRequestedAuthorization_; }
+
+    /// Why the last delivery failed, for the user; absent after one that did not.
+    const std::optional<QString>& lastDeliveryError() const { return lastDeliveryError_; }
+
+    /// Asks for permission, unless this run has done so: then it returns at once, even while the
+    /// answer is awaited. Never throws.
+    platform::Task<> requestAuthorizationIfNeeded();
+
+    /// Delivers the notification of a rule that fired, once permission is there; without it,
+    /// nothing. A failure goes to `lastDeliveryError`; it is not tried again.
+    /// @param quote the one that made the rule fire
+    platform::Task<> notify(AlertRule rule, Quote quote);
+
+Q_SIGNALS:
+    void isAuthorizedChanged();
+    void hasRequestedAuthorizationChanged();
+    void lastDeliveryErrorChanged();
+
+private:
+    void setAuthorized(bool authorized);
+    void setLastDeliveryError(std::optional<QString> error);
+
+    std::unique_ptr<NotificationDelivering> delivering_;
+    bool isAuthorized_ = false;
+    bool hasRequestedAuthorization_ = false;
+    std::optional<QString> lastDeliveryError_;
+};
+
+} // namespace quorvel

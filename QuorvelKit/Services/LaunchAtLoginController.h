@@ -1,0 +1,44 @@
+#pragma once
+
+#include "QuorvelKit/Services/LaunchAtLoginManaging.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace quorvel {
+
+/// What the switch for launch at login shows and does. Owned by the application model; main thread.
+///
+/// Reads the service when it is made and after a change that failed; a change that is made
+/// elsewhere meanwhile is not noticed.
+class LaunchAtLoginController : public QObject {
+    Q_OBJECT
+
+public:
+    explicit LaunchAtLoginController(std::unique_ptr<LaunchAtLoginManaging> service);
+
+    bool isEnabled() const { return isEnabled_; }
+
+    /// Why the last change failed, for the user; absent after one that did not.
+    const std::optional<QString>& lastErrorMessage() const { return lastErrorMessage_; }
+
+    /// Changes it, unless it is so already. After a failure the switch shows how it really is.
+    void setEnabled(bool enabled);
+
+Q_SIGNALS:
+    void isEnabledChanged();
+    void lastErrorMessageChanged();
+
+private:
+    void show(bool isEnabled);
+    void setLastErrorMessage(std::optional<QString> message);
+
+    std::unique_ptr<LaunchAtLoginManaging> service_;
+    bool isEnabled_;
+    std::optional<QString> lastErrorMessage_;
+};
+
+} // namespace quorvel
