@@ -30,8 +30,6 @@ QuorvelProcess::QuorvelProcess() : directory_(std::make_shared<QTemporaryDir>())
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
 }
 
-QuorvelProcess::QuorvelProcess(const QuorvelProcess& other) : directory_(other.directory_) {}
-
 QuorvelProcess::~QuorvelProcess() {
     if (!isRunning())
         return;

@@ -24,8 +24,10 @@ public:
     QuorvelProcess();
 
     /// In the profile of another one. What it prints as errors is kept for `messages`.
-    explicit QuorvelProcess(const QuorvelProcess& other);
+    explicit QuorvelProcess(std::shared_ptr<QTemporaryDir> profile)
+        : directory_(std::move(profile)) {}
 
+    QuorvelProcess(const QuorvelProcess&) = delete;
     QuorvelProcess& operator=(const QuorvelProcess&) = delete;
     ~QuorvelProcess();
 
@@ -58,6 +60,9 @@ public:
 
     /// What it has printed as errors; empty where the profile is its own.
     std::string messages() { return process_.readAllStandardError().toStdString(); }
+
+    /// The directory of its files.
+    const std::shared_ptr<QTemporaryDir>& profile() const { return directory_; }
 
     qint64 processId() const { return process_.processId(); }
 

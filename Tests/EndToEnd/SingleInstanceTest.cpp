@@ -36,7 +36,7 @@ protected:
         return processes;
     }
 
-    QuorvelProcess second_{quorvel_};
+    QuorvelProcess second_{quorvel_.profile()};
 };
 
 TEST_F(SecondStart, CallsTheFirstAndEnds) {
@@ -84,7 +84,7 @@ TEST_F(SecondStart, TakesOverFromAFirstThatDied) {
 }
 
 TEST_F(SecondStart, LeavesOneOfSeveralAtTheSameInstant) {
-    QuorvelProcess third(quorvel_);
+    QuorvelProcess third(quorvel_.profile());
     quorvel_.start();
     second_.start();
     third.start();
