@@ -32,7 +32,9 @@ bool hasCompositor(xcb_connection_t* connection) {
 
 bool isDisplayComposited() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return !x11 || hasCompositor(x11->connection());
+    // Not every platform that has this interface has a connection behind it.
+    xcb_connection_t* const connection = x11 ? x11->connection() : nullptr;
+    return !connection || hasCompositor(connection);
 }
 
 } // namespace platform

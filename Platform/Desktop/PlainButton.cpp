@@ -49,10 +49,19 @@ bool PlainButton::event(QEvent* event) {
 }
 
 void PlainButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
         click();
-    else
+        break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        // Where arrows lead is for the view around the button to say.
+        event->ignore();
+        break;
+    default:
         QAbstractButton::keyPressEvent(event);
+    }
 }
 
 void PlainButton::paintEvent(QPaintEvent*) {

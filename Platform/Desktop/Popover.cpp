@@ -109,9 +109,14 @@ bool Popover::wasJustDismissed() const {
     return dismissedAt_ && clock_.uptime() - *dismissedAt_ < dismissalGrace;
 }
 
+void Popover::setVisible(bool isVisible) {
+    isClosing_ = !isVisible;
+    QWidget::setVisible(isVisible);
+}
+
 void Popover::dismissUnlessActive() {
     // Its own menus and dialogs take the activation without the user turning away.
-    if (!isVisible() || isActiveWindow() || QApplication::activePopupWidget() ||
+    if (!isVisible() || isClosing_ || isActiveWindow() || QApplication::activePopupWidget() ||
         QApplication::activeModalWidget())
         return;
     dismissedAt_ = clock_.uptime();

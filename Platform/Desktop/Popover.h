@@ -39,6 +39,8 @@ public:
     /// by its panel: not every panel reports true ones.
     static QPoint anchor(std::optional<QPoint> reported);
 
+    void setVisible(bool isVisible) override;
+
 Q_SIGNALS:
     /// It has been closed, by the user or by `hide`.
     void closed();
@@ -59,6 +61,7 @@ private:
     QWidget* content_ = nullptr;
     PopoverFrame frame_;
     bool isComposited_ = true;
+    bool isClosing_ = false;
     QPoint anchor_;
     std::optional<std::chrono::nanoseconds> dismissedAt_; ///< uptime
 };

@@ -9,8 +9,8 @@ namespace quorvel {
 
 namespace {
 
-/// @param side 0 draws to the right of `x`, 1 to the left of it
-void paint(QPainter& painter, QPointF origin, double width, const QString& text, double side) {
+/// @param side 0 draws to the right of the origin, 1 to the left of it
+double paint(QPainter& painter, QPointF origin, double width, const QString& text, double side) {
     const QFontMetricsF metrics(painter.font());
     const double advance = metrics.horizontalAdvance(text);
     const double scale = FittedText::scale(advance, width);
@@ -19,8 +19,10 @@ void paint(QPainter& painter, QPointF origin, double width, const QString& text,
     painter.scale(scale, scale);
     const bool isTooLong = advance * scale > width;
     const QString line = isTooLong ? metrics.elidedText(text, Qt::ElideRight, width / scale) : text;
-    painter.drawText(QPointF(-side * metrics.horizontalAdvance(line), 0), line);
+    const double drawn = metrics.horizontalAdvance(line);
+    painter.drawText(QPointF(-side * drawn, 0), line);
     painter.restore();
+    return drawn * scale;
 }
 
 } // namespace
@@ -29,9 +31,9 @@ double FittedText::scale(double advance, double width) {
     return advance > width ? std::max(smallestScale, width / advance) : 1;
 }
 
-void FittedText::paintLeading(QPainter& painter, double left, double baseline, double width,
-                              const QString& text) {
-    paint(painter, {left, baseline}, width, text, 0);
+double FittedText::paintLeading(QPainter& painter, double left, double baseline, double width,
+                                const QString& text) {
+    return paint(painter, {left, baseline}, width, text, 0);
 }
 
 void FittedText::paintTrailing(QPainter& painter, double right, double baseline, double width,

@@ -12,11 +12,10 @@ namespace quorvel {
 struct FittedText {
     static constexpr double smallestScale = 0.8;
 
-    /// Draws `text` in the painter's font and pen.
-    ///
-    /// @param left, baseline where the line begins, in full size
-    static void paintLeading(QPainter& painter, double left, double baseline, double width,
-                             const QString& text);
+    /// Draws `text` in the painter's font and pen, its baseline beginning at (`left`, `baseline`).
+    /// Gives the width that it took.
+    static double paintLeading(QPainter& painter, double left, double baseline, double width,
+                               const QString& text);
 
     /// As `paintLeading`, with the line's end at `right`.
     static void paintTrailing(QPainter& painter, double right, double baseline, double width,

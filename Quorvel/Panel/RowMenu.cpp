@@ -12,6 +12,8 @@ using platform::localized;
 
 namespace {
 
+constexpr int verticalPadding = 4;
+
 /// A text as menus take it, where an ampersand stands for an access key.
 QString literally(QString text) {
     return text.replace(u'&', QStringLiteral("&&"));
@@ -23,6 +25,7 @@ RowMenu::RowMenu(const Symbol& symbol, std::size_t index, AppModel& model,
                  const std::function<void()>& onOpenSettings, QWidget* parent)
     : QMenu(parent) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setContentsMargins(0, verticalPadding, 0, verticalPadding);
     WatchlistStore& watchlist = model.watchlist();
     const auto add = [this](const QString& text, auto action) {
         return addAction(literally(text), this, action);

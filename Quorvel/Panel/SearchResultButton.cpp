@@ -19,7 +19,7 @@ constexpr int reasonSize = 10;
 constexpr int reasonSpacing = 8;
 
 QString reason() {
-    return localized("Quorvel", "Its name can't be saved");
+    return localized("Quorvel", "Can't be saved in the watchlist");
 }
 
 } // namespace

@@ -2,7 +2,10 @@
 
 #include "Platform/Desktop/OverlayScrollBar.h"
 
+#include <QKeyEvent>
 #include <QScrollBar>
+
+#include <algorithm>
 
 namespace quorvel {
 
@@ -40,6 +43,15 @@ QSize WatchlistList::minimumSizeHint() const {
 void WatchlistList::resizeEvent(QResizeEvent* event) {
     rows_->resize(width() - OverlayScrollBar::breadth, rows_->sizeHint().height());
     QScrollArea::resizeEvent(event);
+}
+
+int WatchlistList::rowsInSight() const {
+    return std::max(1, viewport()->height() / WatchlistRows::pitch);
+}
+
+void WatchlistList::keyPressEvent(QKeyEvent* event) {
+    // A scroll area would scroll, and keep the key from the panel, which moves the focus.
+    event->ignore();
 }
 
 void WatchlistList::reveal(const QRect& area) {

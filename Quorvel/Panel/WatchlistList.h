@@ -15,11 +15,15 @@ public:
     /// Takes `rows` over.
     explicit WatchlistList(WatchlistRows* rows, QWidget* parent = nullptr);
 
+    /// How many rows are in sight at a time, at least one.
+    int rowsInSight() const;
+
     /// As high as all rows; less is possible.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

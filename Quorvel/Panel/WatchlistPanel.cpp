@@ -1,6 +1,5 @@
 #include "Quorvel/Panel/WatchlistPanel.h"
 
-#include "Platform/Desktop/OverlayScrollBar.h"
 #include "Platform/Desktop/PlainButton.h"
 #include "Platform/Desktop/SystemFonts.h"
 #include "Platform/Foundation/StringTable.h"
@@ -12,6 +11,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <vector>
 
 namespace quorvel {
 
@@ -38,30 +38,37 @@ WatchlistPanel::WatchlistPanel(AppModel& model, std::function<void()> onOpenSett
     : QWidget(parent), model_(model), onOpenSettings_(std::move(onOpenSettings)) {
     installAccessibleWatchlist();
     setFixedWidth(panelWidth);
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(inset, inset, inset, inset);
-    layout->setSpacing(sectionSpacing);
-    warning_ = addMessage(Kind::warning, smallCaptionSize);
-    addSearch(*layout);
-    addWatchlist(*layout);
-    persistError_ = addMessage(Kind::error, smallCaptionSize);
-    loadError_ = addMessage(Kind::secondary, captionSize);
-    hint_ = addMessage(Kind::tertiary, smallCaptionSize);
-    layout->addWidget(new Divider(this));
-    addFooter(*layout);
+    // The list reaches the panel's right edge: its scroll bar appears beside the rows.
+    auto* const sections = new QVBoxLayout(this);
+    sections->setContentsMargins(inset, inset, 0, inset);
+    sections->setSpacing(sectionSpacing);
+    auto* const top = new QVBoxLayout;
+    auto* const bottom = new QVBoxLayout;
+    for (QVBoxLayout* const part : {top, bottom}) {
+        part->setContentsMargins(0, 0, inset, 0);
+        part->setSpacing(sectionSpacing);
+    }
+    addSearch(*top);
+    sections->addLayout(top);
+    addWatchlist(*top, *sections);
+    sections->addLayout(bottom);
+    addMessages(*bottom);
+    bottom->addWidget(new Divider(this));
+    addFooter(*bottom);
     followModel();
     refreshWarning();
     refreshMessages();
 }
 
-MessageLine* WatchlistPanel::addMessage(Kind kind, int fontSize) {
+MessageLine* WatchlistPanel::addMessage(QVBoxLayout& layout, Kind kind, int fontSize) {
     auto* const line = new MessageLine(kind, fontSize, this);
     line->setContentsMargins(textInset, 0, textInset, 0);
-    layout()->addWidget(line);
+    layout.addWidget(line);
     return line;
 }
 
 void WatchlistPanel::addSearch(QVBoxLayout& layout) {
+    warning_ = addMessage(layout, Kind::warning, smallCaptionSize);
     search_ = new SearchField(model_, this);
     results_ = new SearchResults(model_, this);
     layout.addWidget(search_);
@@ -70,19 +77,20 @@ void WatchlistPanel::addSearch(QVBoxLayout& layout) {
     connect(results_, &SearchResults::added, this, &WatchlistPanel::focusSearch);
 }
 
-void WatchlistPanel::addWatchlist(QVBoxLayout& layout) {
-    emptyText_ = new MessageLine(Kind::secondary, calloutSize, this);
+void WatchlistPanel::addWatchlist(QVBoxLayout& top, QVBoxLayout& sections) {
+    emptyText_ = addMessage(top, Kind::secondary, calloutSize);
     emptyText_->setAlignment(Qt::AlignCenter);
     emptyText_->setContentsMargins(0, emptyTextInset, 0, emptyTextInset);
     rows_ = new WatchlistRows(model_, onOpenSettings_);
     list_ = new WatchlistList(rows_, this);
-    layout.addWidget(emptyText_);
-    // The scroll bar appears between the rows and the panel's edge.
-    auto* const stretched = new QHBoxLayout;
-    stretched->setContentsMargins(0, 0, -platform::OverlayScrollBar::breadth, 0);
-    stretched->addWidget(list_);
-    layout.addLayout(stretched, 1);
+    sections.addWidget(list_, 1);
     connect(rows_, &WatchlistRows::focusLost, this, &WatchlistPanel::focusSearch);
+}
+
+void WatchlistPanel::addMessages(QVBoxLayout& layout) {
+    persistError_ = addMessage(layout, Kind::error, smallCaptionSize);
+    loadError_ = addMessage(layout, Kind::secondary, captionSize);
+    hint_ = addMessage(layout, Kind::tertiary, smallCaptionSize);
 }
 
 void WatchlistPanel::addFooter(QVBoxLayout& layout) {
@@ -94,6 +102,8 @@ void WatchlistPanel::addFooter(QVBoxLayout& layout) {
     };
     auto* const settings = add(localized("Quorvel", "Settings…"), "settings");
     auto* const quit = add(localized("Quorvel", "Quit"), "quit");
+    settings_ = settings;
+    quit_ = quit;
     auto* const footer = new QHBoxLayout;
     footer->setSpacing(0);
     footer->addWidget(settings);
@@ -153,15 +163,56 @@ void WatchlistPanel::addFirstResult() {
         choices.front()->click();
 }
 
+bool WatchlistPanel::focusNextPrevChild(bool isNext) {
+    // Of a long list only one row is on the way; arrows lead to the others.
+    std::vector<QWidget*> stops{search_};
+    std::ranges::copy(results_->choices(), std::back_inserter(stops));
+    if (WatchlistRow* const row = rows_->currentRow()) {
+        stops.push_back(row);
+        stops.push_back(&row->removeButton());
+    }
+    stops.insert(stops.end(), {settings_, quit_});
+    const auto found = std::ranges::find(stops, focusWidget());
+    const std::size_t here = found == stops.end() ? 0 : std::size_t(found - stops.begin());
+    const std::size_t step = isNext ? 1 : stops.size() - 1;
+    stops[(here + step) % stops.size()]->setFocus(isNext ? Qt::TabFocusReason
+                                                         : Qt::BacktabFocusReason);
+    return true;
+}
+
 void WatchlistPanel::keyPressEvent(QKeyEvent* event) {
-    const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
-    const bool isHandled = isPlain && ((event->key() == Qt::Key_Up && moveFocus(-1)) ||
-                                       (event->key() == Qt::Key_Down && moveFocus(1)));
-    if (!isHandled)
+    const auto steps = focusSteps(*event);
+    if (!steps || !moveFocus(*steps))
         QWidget::keyPressEvent(event);
 }
 
-bool WatchlistPanel::moveFocus(int steps) {
+std::optional<std::ptrdiff_t> WatchlistPanel::focusSteps(const QKeyEvent& event) const {
+    if (event.modifiers() & ~Qt::KeypadModifier)
+        return std::nullopt;
+    if (event.key() == Qt::Key_Up)
+        return -1;
+    if (event.key() == Qt::Key_Down)
+        return 1;
+    const auto row = rows_->focusedRow();
+    if (!row)
+        return std::nullopt;
+    const auto place = static_cast<std::ptrdiff_t>(*row);
+    const auto last = static_cast<std::ptrdiff_t>(rows_->count()) - 1;
+    switch (event.key()) {
+    case Qt::Key_PageUp:
+        return std::max<std::ptrdiff_t>(-list_->rowsInSight(), -place);
+    case Qt::Key_PageDown:
+        return std::min<std::ptrdiff_t>(list_->rowsInSight(), last - place);
+    case Qt::Key_Home:
+        return -place;
+    case Qt::Key_End:
+        return last - place;
+    default:
+        return std::nullopt;
+    }
+}
+
+bool WatchlistPanel::moveFocus(std::ptrdiff_t steps) {
     // One column: the field, the results, the rows.
     const auto choices = results_->choices();
     const auto results = std::ssize(choices);

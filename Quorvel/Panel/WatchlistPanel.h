@@ -8,12 +8,15 @@
 
 #include <QWidget>
 
+#include <cstddef>
 #include <functional>
-#include <vector>
+#include <optional>
 
 class QVBoxLayout;
 
 namespace quorvel {
+
+class WatchlistList;
 
 /// The content of the popover: the search for pairs, the watchlist, messages, and the way to the
 /// settings and out. Everything it shows is the model's.
@@ -36,18 +39,21 @@ Q_SIGNALS:
     void quitRequested();
 
 protected:
+    bool focusNextPrevChild(bool isNext) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    MessageLine* addMessage(MessageLine::Kind kind, int fontSize);
+    MessageLine* addMessage(QVBoxLayout& layout, MessageLine::Kind kind, int fontSize);
     void addSearch(QVBoxLayout& layout);
-    void addWatchlist(QVBoxLayout& layout);
+    void addWatchlist(QVBoxLayout& top, QVBoxLayout& sections);
+    void addMessages(QVBoxLayout& layout);
     void addFooter(QVBoxLayout& layout);
     void followModel();
     void refreshWarning();
     void refreshMessages();
     void addFirstResult();
-    bool moveFocus(int steps);
+    std::optional<std::ptrdiff_t> focusSteps(const QKeyEvent& event) const;
+    bool moveFocus(std::ptrdiff_t steps);
 
     AppModel& model_;
     std::function<void()> onOpenSettings_;
@@ -56,10 +62,12 @@ private:
     SearchResults* results_;
     MessageLine* emptyText_;
     WatchlistRows* rows_;
-    QWidget* list_;
+    WatchlistList* list_;
     MessageLine* persistError_;
     MessageLine* loadError_;
     MessageLine* hint_;
+    QWidget* settings_;
+    QWidget* quit_;
 };
 
 } // namespace quorvel

@@ -60,12 +60,8 @@ WatchlistRow::WatchlistRow(Symbol symbol, AppModel& model, std::function<void()>
     removeButton_->installEventFilter(this);
     connect(removeButton_, &QAbstractButton::clicked, this,
             [this] { model_.removeSymbol(symbol_); });
-    setTabStop(false);
-}
-
-void WatchlistRow::setTabStop(bool isTabStop) {
-    setFocusPolicy(isTabStop ? Qt::StrongFocus : Qt::ClickFocus);
-    removeButton_->setFocusPolicy(isTabStop ? Qt::TabFocus : Qt::NoFocus);
+    setFocusPolicy(Qt::StrongFocus);
+    removeButton_->setFocusPolicy(Qt::TabFocus);
 }
 
 void WatchlistRow::setLifted(bool isLifted) {
@@ -222,13 +218,11 @@ void WatchlistRow::paintNames(QPainter& painter) const {
     const QRect column = nameColumn();
     const int marks = (model_.watchlist().isPinned(symbol_) ? 1 : 0) + (hasEnabledAlert() ? 1 : 0);
     const double room = column.width() - marks * (markSpacing + markSize);
-    const QString base = QString::fromStdString(symbol_.base);
     painter.setFont(platform::systemFont(lineSize, QFont::Medium));
     painter.setPen(colors.label);
-    FittedText::paintLeading(painter, column.left(), firstBaseline, room, base);
-    const double advance = QFontMetricsF(painter.font()).horizontalAdvance(base);
-    paintMarks(painter, column.left() + std::min(room, advance * FittedText::scale(advance, room)) +
-                            markSpacing);
+    const double drawn = FittedText::paintLeading(painter, column.left(), firstBaseline, room,
+                                                  QString::fromStdString(symbol_.base));
+    paintMarks(painter, column.left() + drawn + markSpacing);
     painter.setFont(platform::systemFont(quoteAssetSize));
     painter.setPen(colors.tertiaryLabel);
     FittedText::paintLeading(painter, column.left(), secondBaseline, column.width(),

@@ -30,9 +30,6 @@ public:
     std::size_t index() const { return index_; }
     void setIndex(std::size_t index) { index_ = index; }
 
-    /// Whether the Tab key stops at this row and its button: at one row of a list.
-    void setTabStop(bool isTabStop);
-
     /// Whether the row is being dragged, above the others.
     void setLifted(bool isLifted);
 

@@ -67,20 +67,20 @@ void WatchlistRows::sync() {
     resize(width(), sizeHint().height());
     updateGeometry();
     layOut();
-    keepTabStop(focused);
+    keepFocus(focused);
     if (hasGrown)
         Q_EMIT revealWanted(rows_.back()->geometry());
 }
 
-void WatchlistRows::keepTabStop(std::optional<std::size_t> wasFocused) {
+void WatchlistRows::keepFocus(std::optional<std::size_t> wasFocused) {
     if (const auto focused = focusedRow()) {
         Q_EMIT revealWanted(rows_[*focused]->geometry());
     } else if (wasFocused && rows_.empty()) {
         Q_EMIT focusLost();
     } else if (wasFocused) {
         focusRow(std::min(*wasFocused, rows_.size() - 1));
-    } else if (!tabStop_ || tabStop_->isHidden()) {
-        setTabStop(rows_.empty() ? nullptr : rows_.front());
+    } else if (!current_ || current_->isHidden()) {
+        current_ = rows_.empty() ? nullptr : rows_.front();
     }
 }
 
@@ -107,18 +107,10 @@ std::vector<WatchlistRow*> WatchlistRows::takeRowsFor(const std::vector<Watchlis
 WatchlistRow* WatchlistRows::makeRow(const Symbol& symbol) {
     auto* const row = new WatchlistRow(symbol, model_, onOpenSettings_, this);
     connect(row, &WatchlistRow::focused, this, [this, row] {
-        setTabStop(row);
+        current_ = row;
         Q_EMIT revealWanted(row->geometry());
     });
     return row;
-}
-
-void WatchlistRows::setTabStop(WatchlistRow* row) {
-    if (tabStop_)
-        tabStop_->setTabStop(false);
-    tabStop_ = row;
-    if (tabStop_)
-        tabStop_->setTabStop(true);
 }
 
 void WatchlistRows::focusRow(std::size_t index) {

@@ -16,8 +16,7 @@
 namespace quorvel {
 
 /// The rows of the watchlist in their order, one below the other: follows the stores, moves the
-/// keyboard from row to row, and lets a row be dragged to another place. The last row that had the
-/// keyboard is the one at which the Tab key stops.
+/// keyboard from row to row, and lets a row be dragged to another place.
 ///
 /// While it is not shown it does nothing; it catches up when it is.
 class WatchlistRows final : public QWidget {
@@ -41,6 +40,10 @@ public:
 
     /// The row that has the keyboard, itself or through its button; absent where none has.
     std::optional<std::size_t> focusedRow() const;
+
+    /// The row at which the Tab key stops: the last that had the keyboard, else the first. Null
+    /// where there is none.
+    WatchlistRow* currentRow() const { return current_; }
 
     /// As high as its rows.
     QSize sizeHint() const override;
@@ -66,8 +69,7 @@ private:
     void sync();
     std::vector<WatchlistRow*> takeRowsFor(const std::vector<WatchlistItem>& items);
     WatchlistRow* makeRow(const Symbol& symbol);
-    void keepTabStop(std::optional<std::size_t> wasFocused);
-    void setTabStop(WatchlistRow* row);
+    void keepFocus(std::optional<std::size_t> wasFocused);
     void layOut();
     void refreshQuote(const Symbol& symbol);
     void repaintRows();
@@ -80,7 +82,7 @@ private:
     std::vector<WatchlistRow*> rows_;
     /// A damaged file may name a pair twice.
     std::unordered_multimap<Symbol, WatchlistRow*> rowsBySymbol_;
-    QPointer<WatchlistRow> tabStop_;
+    QPointer<WatchlistRow> current_;
     std::optional<QPoint> pressedAt_; ///< a drag may begin here
     QPoint pointer_;                  ///< global
     std::optional<RowDrag> drag_;
