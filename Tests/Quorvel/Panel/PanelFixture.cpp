@@ -55,6 +55,11 @@ void PanelFixture::reopen() {
     drainEvents();
 }
 
+void PanelFixture::reactivate() {
+    if (!popover_.isVisible())
+        reopen();
+}
+
 void PanelFixture::apply(const char* base, const char* price, const char* change) {
     model_->quotes().apply({pair(base), *Decimal::fromAPIString(price),
                             *Decimal::fromAPIString(change), clock_.now()});
@@ -155,6 +160,7 @@ void PanelFixture::choose(const char* entry) {
             continue;
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
         drainEvents();
+        reactivate();
         return;
     }
     FAIL() << "the menu has no enabled " << entry;
@@ -169,6 +175,7 @@ std::vector<std::string> PanelFixture::menu() {
         texts.push_back(action->isSeparator() ? "-" : plain(action->text(), action->isEnabled()));
     menu->close();
     drainEvents();
+    reactivate();
     return texts;
 }
 

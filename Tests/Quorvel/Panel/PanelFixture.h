@@ -64,6 +64,11 @@ protected:
     /// What a widget looks like.
     static QImage picture(QWidget& widget) { return widget.grab().toImage(); }
 
+private:
+    /// The offscreen platform activates menus, and nothing in their place when they close.
+    void reactivate();
+
+protected:
     platform::Popover popover_{clock_};
     quorvel::WatchlistPanel* panel_ = nullptr;
     int settingsOpened_ = 0;
