@@ -12,7 +12,9 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QGuiApplication>
 #include <QLocale>
+#include <QScreen>
 
 namespace quorvel {
 
@@ -68,17 +70,60 @@ AppDelegate::AppDelegate(const Environment& environment)
               .loginService = std::make_unique<SystemLaunchAtLoginService>(loginItem()),
               .workspace = workspace_,
               .files = environment.files,
-              .clock = environment.clock}) {}
+              .clock = environment.clock}),
+      appearance_(settings_, QDBusConnection::sessionBus()) {}
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     setUpStatusItem();
+    setUpPopover();
+    setUpSettingsWindow();
     connect(&model_, &AppModel::statusBarSegmentsChanged, this,
             [this] { updateStatusItem(StatusItem::Urgency::routine); });
     connect(&settings_, &SettingsStore::displayChanged, this,
             [this] { updateStatusItem(StatusItem::Urgency::immediate); });
+    appearance_.apply();
     startTask_ = platform::startTask(model_.start());
+}
+
+void AppDelegate::setUpPopover() {
+    popover_ = std::make_unique<platform::Popover>(environment_.clock);
+    popover_->setWindowTitle(QStringLiteral("Quorvel"));
+    panel_ = new WatchlistPanel(model_, [this] { openSettings(); });
+    popover_->setContent(panel_);
+    connect(panel_, &WatchlistPanel::quitRequested, this, &AppDelegate::terminate);
+}
+
+void AppDelegate::setUpSettingsWindow() {
+    constexpr QSize contentSize(420, 400);
+    settingsWindow_ = std::make_unique<QWidget>(
+        nullptr, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                     Qt::WindowCloseButtonHint);
+    settingsWindow_->setWindowTitle(platform::localized("Quorvel", "Quorvel Settings"));
+    settingsWindow_->setFixedSize(contentSize);
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    settingsWindow_->move(available.center() - settingsWindow_->rect().center());
+}
+
+void AppDelegate::togglePopover(std::optional<QPoint> clickedAt) {
+    if (popover_->isVisible()) {
+        popover_->hide();
+        return;
+    }
+    // The press of this very click took the popover's activation away.
+    if (popover_->wasJustDismissed())
+        return;
+    prefetchTask_ = platform::startTask(model_.prefetchCandles());
+    popover_->showBeside(platform::Popover::anchor(clickedAt));
+    panel_->focusSearch();
+}
+
+void AppDelegate::openSettings() {
+    popover_->hide();
+    settingsWindow_->show();
+    settingsWindow_->raise();
+    settingsWindow_->activateWindow();
 }
 
 void AppDelegate::setUpStatusItem() {
@@ -88,11 +133,23 @@ void AppDelegate::setUpStatusItem() {
     statusItem_ =
         std::make_unique<StatusItem>(identity, environment_.clock, QDBusConnection::sessionBus());
     statusItem_->setMenu(StatusMenu::entries());
-    connect(statusItem_.get(), &StatusItem::menuTriggered, this, [this](int id) {
-        if (id == StatusMenu::quit)
-            terminate();
-    });
+    connect(statusItem_.get(), &StatusItem::activated, this, &AppDelegate::togglePopover);
+    connect(statusItem_.get(), &StatusItem::menuTriggered, this, &AppDelegate::chooseFromMenu);
     updateStatusItem(StatusItem::Urgency::immediate);
+}
+
+void AppDelegate::chooseFromMenu(int id) {
+    switch (id) {
+    case StatusMenu::open:
+        togglePopover(std::nullopt);
+        break;
+    case StatusMenu::settings:
+        openSettings();
+        break;
+    case StatusMenu::quit:
+        terminate();
+        break;
+    }
 }
 
 void AppDelegate::updateStatusItem(StatusItem::Urgency urgency) {

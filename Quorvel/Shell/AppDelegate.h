@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Async/TaskHandle.h"
+#include "Platform/Desktop/Popover.h"
 #include "Platform/Desktop/StatusItem.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
@@ -9,11 +10,14 @@
 #include "Platform/Services/UserNotificationCenter.h"
 #include "Platform/Services/Workspace.h"
 #include "Quorvel/Model/AppModel.h"
+#include "Quorvel/Panel/WatchlistPanel.h"
+#include "Quorvel/Shell/ApplicationAppearance.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 namespace quorvel {
 
@@ -37,6 +41,14 @@ public:
     /// Shows the status item and starts the model.
     void applicationDidFinishLaunching();
 
+    /// Opens the popover, or closes it. Loads the candles that it will show.
+    ///
+    /// @param clickedAt where the panel says that the item was clicked; absent where it does not
+    void togglePopover(std::optional<QPoint> clickedAt);
+
+    /// Brings the settings window to the front in place of the popover.
+    void openSettings();
+
     /// Stops the model in order, then emits `terminated`. Once.
     void terminate();
 
@@ -49,6 +61,9 @@ Q_SIGNALS:
 
 private:
     void setUpStatusItem();
+    void setUpPopover();
+    void setUpSettingsWindow();
+    void chooseFromMenu(int id);
     void updateStatusItem(platform::StatusItem::Urgency urgency);
     platform::Task<> stopModel();
 
@@ -58,10 +73,15 @@ private:
     platform::UserNotificationCenter notificationCenter_;
     platform::Workspace workspace_;
     AppModel model_;
+    ApplicationAppearance appearance_;
     std::unique_ptr<platform::StatusItem> statusItem_;
+    std::unique_ptr<platform::Popover> popover_;
+    WatchlistPanel* panel_ = nullptr; ///< the popover's
+    std::unique_ptr<QWidget> settingsWindow_;
     std::unique_ptr<platform::ClockTimer> stopDeadline_;
     // Last, so that they end first.
     platform::TaskHandle startTask_;
+    platform::TaskHandle prefetchTask_;
     platform::TaskHandle stopTask_;
 };
 

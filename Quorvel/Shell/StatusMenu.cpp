@@ -6,8 +6,8 @@ namespace quorvel {
 
 std::vector<platform::MenuEntry> StatusMenu::entries() {
     using platform::localized;
-    return {{.id = open, .text = localized("Quorvel", "Open"), .isEnabled = false},
-            {.id = settings, .text = localized("Quorvel", "Settings…"), .isEnabled = false},
+    return {{.id = open, .text = localized("Quorvel", "Open")},
+            {.id = settings, .text = localized("Quorvel", "Settings…")},
             platform::MenuEntry::separator(),
             {.id = quit, .text = localized("Quorvel", "Quit")}};
 }

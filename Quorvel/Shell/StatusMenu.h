@@ -10,7 +10,7 @@ namespace quorvel {
 struct StatusMenu {
     enum Action { open, settings, quit };
 
-    /// Open and Settings… are disabled as long as there is no window behind them.
+    /// In the order of the actions, a line above the last.
     static std::vector<platform::MenuEntry> entries();
 };
 

@@ -38,9 +38,13 @@ std::optional<Symbol> Symbol::fromPairID(std::string_view pairID) {
     return Symbol{std::move(base), std::string(quoteAsset)};
 }
 
+bool Symbol::isStorable() const {
+    return isAssetCode(base) && isAssetCode(quote);
+}
+
 Symbol Symbol::decode(platform::JSONValue value) {
     Symbol symbol{value.required("base", stringOf), value.required("quote", stringOf)};
-    if (!isAssetCode(symbol.base) || !isAssetCode(symbol.quote))
+    if (!symbol.isStorable())
         throw DecodingError(DecodingError::Kind::dataCorrupted,
                             "资产代码只允许大写字母与数字，实际为 base=" + symbol.base +
                                 " quote=" + symbol.quote);

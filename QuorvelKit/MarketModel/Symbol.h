@@ -21,6 +21,10 @@ struct Symbol {
     /// The exchange's identifier of the pair: base and quote without a separator.
     std::string id() const { return base + quote; }
 
+    /// Whether `decode` reads what `encode` writes of it: the exchange has pairs whose names it
+    /// refuses.
+    bool isStorable() const;
+
     /// The pair behind an identifier of the exchange in any letter case; absent unless it is quoted
     /// in USDT and has a base. The base is not judged.
     static std::optional<Symbol> fromPairID(std::string_view pairID);

@@ -1,8 +1,8 @@
 #include "Tests/Support/RunTests.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 
 int main(int argc, char** argv) {
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     return test::runTests(argc, argv);
 }

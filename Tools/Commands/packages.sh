@@ -5,7 +5,8 @@
 
 packages_build=(
     cmake ninja-build clang-19 lld-19
-    qt6-base-dev qt6-websockets-dev qt6-l10n-tools libsimdjson-dev
+    qt6-base-dev qt6-svg-dev qt6-websockets-dev qt6-l10n-tools libsimdjson-dev
+    libx11-dev libxcb1-dev
 )
 packages_test=(libgtest-dev libgmock-dev dbus-daemon python3 python3-dbusmock python3-gi xvfb dunst)
 packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)

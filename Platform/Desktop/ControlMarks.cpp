@@ -1,0 +1,25 @@
+#include "Platform/Desktop/ControlMarks.h"
+
+#include <QPainter>
+
+namespace platform {
+
+void ControlMarks::paintFill(QPainter& painter, const QRectF& area, const QColor& color,
+                             double radius) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(area, radius, radius);
+}
+
+void ControlMarks::paintFocus(QPainter& painter, const QRectF& area, const QColor& accent,
+                              double radius) {
+    constexpr double inset = focusWidth / 2.0;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(accent, focusWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius - inset,
+                            radius - inset);
+}
+
+} // namespace platform

@@ -1,0 +1,19 @@
+#include "Quorvel/Panel/Divider.h"
+
+#include "Platform/Desktop/SystemColors.h"
+
+#include <QPainter>
+
+namespace quorvel {
+
+Divider::Divider(QWidget* parent) : QWidget(parent) {
+    setFixedHeight(1);
+}
+
+void Divider::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(QRectF(0, 0, width(), 1 / devicePixelRatioF()),
+                     platform::SystemColors::of(palette()).separator);
+}
+
+} // namespace quorvel

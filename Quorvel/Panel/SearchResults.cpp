@@ -1,0 +1,68 @@
+#include "Quorvel/Panel/SearchResults.h"
+
+#include "Platform/Foundation/StringTable.h"
+#include "Quorvel/Panel/Divider.h"
+#include "Quorvel/Panel/SearchResultButton.h"
+#include "QuorvelKit/MarketData/SymbolSearch.h"
+
+#include <QVBoxLayout>
+
+namespace quorvel {
+
+namespace {
+
+constexpr int resultSpacing = 2;
+constexpr int dividerSpacing = 10;
+
+} // namespace
+
+SearchResults::SearchResults(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+    setObjectName(QStringLiteral("results"));
+    setAccessibleName(platform::localized("Quorvel", "Search results"));
+    auto* const sections = new QVBoxLayout(this);
+    sections->setContentsMargins(0, 0, 0, 0);
+    sections->setSpacing(dividerSpacing);
+    auto* const list = new QVBoxLayout;
+    list->setSpacing(resultSpacing);
+    sections->addLayout(list);
+    sections->addWidget(new Divider(this));
+    for (SearchResultButton*& button : buttons_) {
+        button = new SearchResultButton(this);
+        list->addWidget(button);
+        connect(button, &QAbstractButton::clicked, this, [this, button] {
+            model_.addSymbol(button->pair());
+            Q_EMIT added();
+        });
+    }
+    connect(&model, &AppModel::searchQueryChanged, this, &SearchResults::refresh);
+    connect(&model, &AppModel::availableSymbolsChanged, this, &SearchResults::refresh);
+    refresh();
+}
+
+std::vector<QAbstractButton*> SearchResults::choices() const {
+    std::vector<QAbstractButton*> choices;
+    for (SearchResultButton* const button : buttons_) {
+        if (!button->isHidden() && button->isEnabled())
+            choices.push_back(button);
+    }
+    return choices;
+}
+
+void SearchResults::refresh() {
+    const auto matches =
+        SymbolSearch::match(model_.searchQuery(), model_.availableSymbols(), matchLimit);
+    const SearchResultButton* first = nullptr;
+    for (std::size_t i = 0; i < buttons_.size(); ++i) {
+        SearchResultButton& button = *buttons_[i];
+        button.setVisible(i < matches.size());
+        if (i >= matches.size())
+            continue;
+        button.setPair(matches[i]);
+        if (!first && button.isEnabled())
+            first = &button;
+        button.setDefault(&button == first);
+    }
+    setVisible(!matches.empty());
+}
+
+} // namespace quorvel

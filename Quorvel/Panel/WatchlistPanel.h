@@ -1,0 +1,73 @@
+#pragma once
+
+#include "Quorvel/Model/AppModel.h"
+#include "Quorvel/Panel/MessageLine.h"
+#include "Quorvel/Panel/SearchField.h"
+#include "Quorvel/Panel/SearchResults.h"
+#include "Quorvel/Panel/WatchlistRows.h"
+
+#include <QWidget>
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+
+class QVBoxLayout;
+
+namespace quorvel {
+
+class WatchlistList;
+
+/// The content of the popover: the search for pairs, the watchlist, messages, and the way to the
+/// settings and out. Everything it shows is the model's.
+class WatchlistPanel final : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int panelWidth = 320;
+
+    /// @param model          must outlive the panel
+    /// @param onOpenSettings opens the settings window
+    WatchlistPanel(AppModel& model, std::function<void()> onOpenSettings,
+                   QWidget* parent = nullptr);
+
+    /// Lets the user type at once.
+    void focusSearch();
+
+Q_SIGNALS:
+    /// The user asks the program to end.
+    void quitRequested();
+
+protected:
+    bool focusNextPrevChild(bool isNext) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    MessageLine* addMessage(QVBoxLayout& layout, MessageLine::Kind kind, int fontSize);
+    void addSearch(QVBoxLayout& layout);
+    void addWatchlist(QVBoxLayout& top, QVBoxLayout& sections);
+    void addMessages(QVBoxLayout& layout);
+    void addFooter(QVBoxLayout& layout);
+    void followModel();
+    void refreshWarning();
+    void refreshMessages();
+    void addFirstResult();
+    std::optional<std::ptrdiff_t> focusSteps(const QKeyEvent& event) const;
+    bool moveFocus(std::ptrdiff_t steps);
+
+    AppModel& model_;
+    std::function<void()> onOpenSettings_;
+    MessageLine* warning_;
+    SearchField* search_;
+    SearchResults* results_;
+    MessageLine* emptyText_;
+    WatchlistRows* rows_;
+    WatchlistList* list_;
+    MessageLine* persistError_;
+    MessageLine* loadError_;
+    MessageLine* hint_;
+    QWidget* settings_;
+    QWidget* quit_;
+};
+
+} // namespace quorvel

@@ -1,0 +1,268 @@
+#include "Quorvel/Panel/WatchlistRow.h"
+
+#include "Platform/Desktop/ControlMarks.h"
+#include "Platform/Desktop/SystemColors.h"
+#include "Platform/Desktop/SystemFonts.h"
+#include "Platform/Foundation/StringTable.h"
+#include "Quorvel/Model/PriceColors.h"
+#include "Quorvel/Panel/FittedText.h"
+#include "Quorvel/Panel/RowMenu.h"
+#include "QuorvelKit/MarketModel/PriceFormatter.h"
+#include "QuorvelKit/StatusBar/StatusBarPresenter.h"
+
+#include <QAccessible>
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace quorvel {
+
+using platform::localized;
+using platform::SystemColors;
+
+namespace {
+
+constexpr int horizontalInset = 5;
+constexpr int columnSpacing = 10;
+constexpr int nameWidth = 64;
+constexpr int priceWidth = 104;
+constexpr int removeWidth = 14;
+constexpr int sparklineInset = 8; // from the row's top and bottom
+constexpr int firstBaseline = 19;
+constexpr int secondBaseline = 35;
+
+constexpr int lineSize = 14;
+constexpr int changeSize = 11;
+constexpr int quoteAssetSize = 10;
+constexpr int markSize = 8;
+constexpr int markSpacing = 3;
+
+const QString noPrice = QStringLiteral("—");
+
+} // namespace
+
+WatchlistRow::WatchlistRow(Symbol symbol, AppModel& model, std::function<void()> onOpenSettings,
+                           QWidget* parent)
+    : QWidget(parent),
+      symbol_(std::move(symbol)),
+      model_(model),
+      onOpenSettings_(std::move(onOpenSettings)),
+      sparkline_(new SparklineView(symbol_, model, this)),
+      removeButton_(new RemoveButton(this)) {
+    const QString base = QString::fromStdString(symbol_.base);
+    setObjectName(base);
+    removeButton_->setAccessibleName(localized("Quorvel", "Remove %1").arg(base));
+    removeButton_->installEventFilter(this);
+    connect(removeButton_, &QAbstractButton::clicked, this,
+            [this] { model_.removeSymbol(symbol_); });
+    setFocusPolicy(Qt::StrongFocus);
+    removeButton_->setFocusPolicy(Qt::TabFocus);
+}
+
+void WatchlistRow::setLifted(bool isLifted) {
+    if (std::exchange(isLifted_, isLifted) != isLifted)
+        update();
+}
+
+void WatchlistRow::openMenu(QPoint at) {
+    auto* const menu = new RowMenu(symbol_, index_, model_, onOpenSettings_, this);
+    menu->popup(at);
+}
+
+std::optional<WatchlistRow::ShownQuote> WatchlistRow::currentQuote() const {
+    const Quote* const quote = model_.quotes().quote(symbol_);
+    if (!quote)
+        return std::nullopt;
+    return ShownQuote{quote->lastPrice, quote->changePercent24h, model_.quotes().isStale()};
+}
+
+void WatchlistRow::refreshQuote() {
+    if (currentQuote() != painted_)
+        update(priceColumn());
+}
+
+bool WatchlistRow::hasEnabledAlert() const {
+    return std::ranges::any_of(model_.alerts().rules(symbol_), &AlertRule::isEnabled);
+}
+
+QString WatchlistRow::spokenName() const {
+    const QString pair = QString::fromStdString(symbol_.id());
+    const auto quote = currentQuote();
+    if (!quote)
+        return localized("Quorvel", "%1, no price yet").arg(pair);
+    QString name = QStringLiteral("%1, %2, %3")
+                       .arg(pair, PriceFormatter::price(quote->lastPrice),
+                            PriceFormatter::changePercent(quote->changePercent24h));
+    return quote->isStale ? localized("Quorvel", "%1, out of date").arg(name) : name;
+}
+
+QString WatchlistRow::spokenDescription() const {
+    QStringList marks;
+    if (model_.watchlist().isPinned(symbol_))
+        marks += localized("Quorvel", "Pinned to menu bar");
+    if (hasEnabledAlert())
+        marks += localized("Quorvel", "Alert set");
+    return marks.join(QStringLiteral(", "));
+}
+
+bool WatchlistRow::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        // For names and prices that were too long for their columns.
+        const auto* const help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), spokenName(), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+bool WatchlistRow::eventFilter(QObject* object, QEvent* event) {
+    if (object == removeButton_ && event->type() == QEvent::FocusIn)
+        Q_EMIT focused();
+    return QWidget::eventFilter(object, event);
+}
+
+void WatchlistRow::setHovering(bool isHovering) {
+    if (std::exchange(isHovering_, isHovering) == isHovering)
+        return;
+    removeButton_->setRevealed(isHovering);
+    update();
+}
+
+void WatchlistRow::enterEvent(QEnterEvent* event) {
+    QWidget::enterEvent(event);
+    setHovering(true);
+}
+
+void WatchlistRow::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    setHovering(false);
+}
+
+void WatchlistRow::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    setHovering(false);
+}
+
+void WatchlistRow::focusInEvent(QFocusEvent* event) {
+    // Price changes are not announced one by one; whoever arrives here gets the latest.
+    QAccessibleEvent changed(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
+    QWidget::focusInEvent(event);
+    Q_EMIT focused();
+}
+
+void WatchlistRow::keyPressEvent(QKeyEvent* event) {
+    const auto place = static_cast<std::ptrdiff_t>(index_);
+    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (event->key() == Qt::Key_Delete && modifiers == Qt::NoModifier)
+        model_.removeSymbol(symbol_);
+    else if (event->key() == Qt::Key_Up && modifiers == Qt::AltModifier)
+        model_.watchlist().moveUp(place);
+    else if (event->key() == Qt::Key_Down && modifiers == Qt::AltModifier)
+        model_.watchlist().moveDown(place);
+    else if (event->key() == Qt::Key_F10 && modifiers == Qt::ShiftModifier)
+        openMenu(mapToGlobal(nameColumn().bottomLeft()));
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void WatchlistRow::contextMenuEvent(QContextMenuEvent* event) {
+    openMenu(event->reason() == QContextMenuEvent::Keyboard ? mapToGlobal(nameColumn().bottomLeft())
+                                                            : event->globalPos());
+}
+
+QRect WatchlistRow::nameColumn() const {
+    return {horizontalInset, 0, nameWidth, height()};
+}
+
+QRect WatchlistRow::priceColumn() const {
+    const int right = width() - horizontalInset - removeWidth - columnSpacing;
+    return {right - priceWidth, 0, priceWidth, height()};
+}
+
+void WatchlistRow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    constexpr int out = SparklineView::margin;
+    const int left = nameColumn().right() + 1 + columnSpacing;
+    const QRect area(left, sparklineInset, priceColumn().left() - columnSpacing - left,
+                     height() - 2 * sparklineInset);
+    sparkline_->setGeometry(area.adjusted(-out, -out, out, out));
+    const QPoint center(width() - horizontalInset - removeWidth / 2, height() / 2);
+    removeButton_->move(center - removeButton_->rect().center() - QPoint(1, 1));
+}
+
+void WatchlistRow::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const auto colors = SystemColors::of(palette());
+    if (isLifted_)
+        platform::ControlMarks::paintFill(painter, rect(), colors.background);
+    if (isHovering_ || isLifted_)
+        platform::ControlMarks::paintFill(painter, rect(),
+                                          isLifted_ ? colors.pressed : colors.hover);
+    // Mostly it is the price alone that has changed.
+    if (event->rect().intersects(nameColumn()))
+        paintNames(painter);
+    if (event->rect().intersects(priceColumn()))
+        paintQuote(painter);
+    if (hasFocus())
+        platform::ControlMarks::paintFocus(painter, rect(), colors.accent);
+}
+
+void WatchlistRow::paintNames(QPainter& painter) const {
+    const auto colors = SystemColors::of(palette());
+    const QRect column = nameColumn();
+    const int marks = (model_.watchlist().isPinned(symbol_) ? 1 : 0) + (hasEnabledAlert() ? 1 : 0);
+    const double room = column.width() - marks * (markSpacing + markSize);
+    painter.setFont(platform::systemFont(lineSize, QFont::Medium));
+    painter.setPen(colors.label);
+    const double drawn = FittedText::paintLeading(painter, column.left(), firstBaseline, room,
+                                                  QString::fromStdString(symbol_.base));
+    paintMarks(painter, column.left() + drawn + markSpacing);
+    painter.setFont(platform::systemFont(quoteAssetSize));
+    painter.setPen(colors.tertiaryLabel);
+    FittedText::paintLeading(painter, column.left(), secondBaseline, column.width(),
+                             QString::fromStdString(symbol_.quote));
+}
+
+void WatchlistRow::paintMarks(QPainter& painter, double left) const {
+    const QColor color = SystemColors::of(palette()).secondaryLabel;
+    const auto paint = [&](const QString& symbol) {
+        constexpr int top = firstBaseline - 9; // centred on the capitals
+        platform::SymbolImage(symbol).paint(painter, QRectF(left, top, markSize, markSize), color);
+        left += markSize + markSpacing;
+    };
+    if (model_.watchlist().isPinned(symbol_))
+        paint(QStringLiteral("pin-fill"));
+    if (hasEnabledAlert())
+        paint(QStringLiteral("bell-fill"));
+}
+
+void WatchlistRow::paintQuote(QPainter& painter) {
+    const auto colors = SystemColors::of(palette());
+    const QRect column = priceColumn();
+    const double right = column.right() + 1;
+    painted_ = currentQuote();
+    painter.setFont(platform::monospacedSystemFont(lineSize));
+    if (!painted_) {
+        painter.setPen(colors.secondaryLabel);
+        painter.drawText(column, Qt::AlignRight | Qt::AlignVCenter, noPrice);
+        return;
+    }
+    painter.setPen(painted_->isStale ? colors.secondaryLabel : colors.label);
+    FittedText::paintTrailing(painter, right, firstBaseline, column.width(),
+                              PriceFormatter::price(painted_->lastPrice));
+    const auto direction = StatusBarPresenter::direction(painted_->changePercent24h);
+    painter.setFont(platform::systemFont(changeSize, QFont::Medium));
+    painter.setPen(directionColor(direction, model_.settings().display().colorScheme,
+                                  platform::appearanceOf(palette()))
+                       .value_or(colors.label));
+    FittedText::paintTrailing(painter, right, secondBaseline, column.width(),
+                              PriceFormatter::changePercent(painted_->changePercent24h));
+}
+
+} // namespace quorvel

@@ -1,0 +1,40 @@
+#include "Quorvel/Shell/ApplicationAppearance.h"
+
+#include "Platform/Desktop/SystemAppearance.h"
+#include "Platform/Desktop/SystemColors.h"
+
+#include <QApplication>
+
+namespace quorvel {
+
+using platform::Appearance;
+
+ApplicationAppearance::ApplicationAppearance(const SettingsStore& settings,
+                                             const QDBusConnection& bus)
+    : settings_(settings),
+      system_(std::make_unique<platform::SystemAppearance>(bus)),
+      desktopPalette_(QApplication::palette()) {
+    connect(&settings, &SettingsStore::appearanceChanged, this, &ApplicationAppearance::apply);
+    connect(system_.get(), &platform::SystemAppearance::preferredChanged, this,
+            &ApplicationAppearance::apply);
+}
+
+ApplicationAppearance::~ApplicationAppearance() = default;
+
+void ApplicationAppearance::apply() {
+    QApplication::setPalette(platform::systemPalette(current(), desktopPalette_));
+}
+
+Appearance ApplicationAppearance::current() const {
+    switch (settings_.appearance()) {
+    case AppearanceMode::light:
+        return Appearance::light;
+    case AppearanceMode::dark:
+        return Appearance::dark;
+    case AppearanceMode::system:
+        break;
+    }
+    return system_->preferred().value_or(platform::appearanceOf(desktopPalette_));
+}
+
+} // namespace quorvel

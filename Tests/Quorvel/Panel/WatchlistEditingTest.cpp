@@ -1,0 +1,235 @@
+#include "Tests/Quorvel/Panel/PanelFixture.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+
+using namespace quorvel;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class WatchlistEditing : public test::PanelFixture {
+protected:
+    /// Drags a row by the left button, as far as the top of another.
+    void drag(const char* from, const char* to, bool isDropped = true) {
+        QWindow* const window = popover_.windowHandle();
+        const auto middle = [this](const char* base) {
+            return row(base).mapTo(&popover_, row(base).rect().center());
+        };
+        const QPoint start = middle(from);
+        const QPoint end = middle(to);
+        QTest::mousePress(window, Qt::LeftButton, {}, start);
+        for (const QPoint at : {start + QPoint(0, 3), (start + end) / 2, end})
+            QTest::mouseMove(window, at);
+        if (!isDropped)
+            press(Qt::Key_Escape);
+        QTest::mouseRelease(window, Qt::LeftButton, {}, end);
+        test::drainEvents();
+    }
+
+    /// What a display's driver makes of the key.
+    void pressMenuKey() {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        QCoreApplication::sendEvent(popover_.focusWidget(), &event);
+    }
+
+    bool isPinned(const char* base) const { return model_->watchlist().isPinned({base, "USDT"}); }
+};
+
+TEST_F(WatchlistEditing, FindsPairsInAnyCaseAndAddsTheFirstByEnter) {
+    show({"ETH"}, {"WBTC", "BTCUP", "BTC", "BTCDOWN", "BTCST", "ABTC", "XBTC", "BTT"});
+    EXPECT_EQ(focus(), "search");
+    type("btc");
+    EXPECT_THAT(results(), ElementsAre("BTC", "BTCST", "BTCUP", "BTCDOWN", "ABTC", "WBTC"));
+    press(Qt::Key_Return);
+    EXPECT_THAT(bases(), ElementsAre("ETH", "BTC"));
+    EXPECT_EQ(search().text(), QString());
+    EXPECT_THAT(results(), IsEmpty());
+    EXPECT_EQ(row("BTC").index(), 1u);
+    EXPECT_EQ(focus(), "search");
+    press(Qt::Key_Return);
+    EXPECT_EQ(rows().count(), 2u) << "nothing is found, so nothing is added";
+}
+
+TEST_F(WatchlistEditing, AddsAResultByAClickAndByKeys) {
+    show({}, {"BTC", "BTCUP", "BTCDOWN"});
+    type("btc");
+    for (auto* const button : panel_->findChildren<QAbstractButton*>()) {
+        if (button->text() == u"BTCUP")
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    EXPECT_THAT(bases(), ElementsAre("BTCUP"));
+    type("btc");
+    for (const char* const expected :
+         {"result BTC", "result BTCUP", "result BTCDOWN", "row BTCUP"}) {
+        press(Qt::Key_Down);
+        EXPECT_EQ(focus(), expected);
+    }
+    press(Qt::Key_Up);
+    press(Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_THAT(bases(), ElementsAre("BTCUP", "BTCDOWN"));
+    EXPECT_EQ(focus(), "search");
+}
+
+TEST_F(WatchlistEditing, DoesNotOfferWhatTheFileCouldNotHold) {
+    show({}, {"币安BTC", "BTCx"});
+    type("btc");
+    EXPECT_THAT(results(), ElementsAre("(BTCx)", "(币安BTC)"));
+    press(Qt::Key_Return);
+    press(Qt::Key_Down);
+    EXPECT_EQ(focus(), "search");
+    const auto* const button = panel_->findChild<SearchResults*>()->findChild<QAbstractButton*>();
+    QTest::mouseClick(&popover_, Qt::LeftButton, {},
+                      button->mapTo(&popover_, button->rect().center()));
+    EXPECT_THAT(bases(), IsEmpty());
+    EXPECT_EQ(button->accessibleDescription(), QStringLiteral("Can't be saved in the watchlist"));
+}
+
+TEST_F(WatchlistEditing, OffersInTheMenuWhatTheRowsPlaceAllows) {
+    show({"BTC", "ETH", "SOL"});
+    struct Case {
+        const char* base;
+        std::vector<std::string> entries;
+    };
+    model_->togglePinned({"ETH", "USDT"});
+    for (const auto& [base, entries] :
+         {Case{"BTC", {"(Move Up)", "Move Down", "-", "Pin to Menu Bar"}},
+          Case{"ETH", {"Move Up", "Move Down", "-", "Unpin from Menu Bar"}},
+          Case{"SOL", {"Move Up", "(Move Down)", "-", "Pin to Menu Bar"}}}) {
+        auto expected = entries;
+        expected.insert(expected.end(), {"-", "Add Alert…", "-", std::string("Remove ") + base});
+        for (const bool isMenuKey : {true, false}) {
+            rows().focusRow(row(base).index());
+            isMenuKey ? pressMenuKey() : press(Qt::Key_F10, Qt::ShiftModifier);
+            EXPECT_EQ(menu(), expected);
+        }
+    }
+    model_->removeSymbol({"BTC", "USDT"});
+    model_->removeSymbol({"SOL", "USDT"});
+    rows().focusRow(0);
+    pressMenuKey();
+    EXPECT_THAT(menu(), testing::IsSupersetOf({"(Move Up)", "(Move Down)"}));
+}
+
+TEST_F(WatchlistEditing, DoesWhatIsChosenFromTheMenu) {
+    show({"BTC", "ETH"});
+    const auto chooseFor = [this](const char* base, const char* entry) {
+        const QPoint middle = row(base).rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, middle, row(base).mapToGlobal(middle));
+        QCoreApplication::sendEvent(&row(base), &event);
+        choose(entry);
+    };
+    clock_.advance(std::chrono::seconds(7));
+    chooseFor("ETH", "Pin to Menu Bar");
+    EXPECT_TRUE(isPinned("ETH"));
+    EXPECT_EQ(text(), "ETH");
+    chooseFor("ETH", "Unpin from Menu Bar");
+    EXPECT_FALSE(isPinned("ETH"));
+    EXPECT_EQ(text(), "BTC") << "the rotation begins anew";
+    chooseFor("ETH", "Move Up");
+    EXPECT_THAT(bases(), ElementsAre("ETH", "BTC"));
+    chooseFor("ETH", "Move Down");
+    EXPECT_THAT(bases(), ElementsAre("BTC", "ETH"));
+    chooseFor("ETH", "Add Alert…");
+    EXPECT_EQ(model_->pendingAlertSymbol(), (Symbol{"ETH", "USDT"}));
+    EXPECT_EQ(settingsOpened_, 1);
+    chooseFor("BTC", "Remove BTC");
+    EXPECT_THAT(bases(), ElementsAre("ETH"));
+    EXPECT_EQ(rows().count(), 1u);
+}
+
+TEST_F(WatchlistEditing, ReordersAndRemovesByKeysAndKeepsTheKeyboardInTheList) {
+    show({"BTC", "ETH", "SOL"});
+    press(Qt::Key_Down);
+    EXPECT_EQ(focus(), "row BTC");
+    press(Qt::Key_Down, Qt::AltModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_THAT(bases(), ElementsAre("ETH", "SOL", "BTC"));
+    EXPECT_EQ(focus(), "row BTC");
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_THAT(bases(), ElementsAre("ETH", "BTC", "SOL"));
+    press(Qt::Key_Delete);
+    EXPECT_EQ(focus(), "row SOL");
+    press(Qt::Key_Delete);
+    EXPECT_EQ(focus(), "row ETH");
+    press(Qt::Key_Delete);
+    EXPECT_EQ(focus(), "search");
+    EXPECT_THAT(bases(), IsEmpty());
+}
+
+TEST_F(WatchlistEditing, RemovesByTheButtonThatAppearsBelowThePointer) {
+    show({"BTC", "ETH"});
+    RemoveButton& button = row("ETH").removeButton();
+    QTest::mouseMove(popover_.windowHandle(), QPoint(1, 1));
+    test::drainEvents();
+    const QImage hidden = picture(row("ETH"));
+    QTest::mouseMove(popover_.windowHandle(), row("ETH").mapTo(&popover_, QPoint(30, 20)));
+    test::drainEvents();
+    EXPECT_NE(picture(row("ETH")), hidden);
+    QTest::mouseClick(popover_.windowHandle(), Qt::LeftButton, {},
+                      button.mapTo(&popover_, button.rect().center()));
+    test::drainEvents();
+    EXPECT_THAT(bases(), ElementsAre("BTC"));
+}
+
+TEST_F(WatchlistEditing, MovesARowThatIsDragged) {
+    show({"BTC", "ETH", "SOL", "XRP"});
+    drag("BTC", "SOL");
+    EXPECT_THAT(bases(), ElementsAre("ETH", "SOL", "BTC", "XRP"));
+    drag("XRP", "ETH");
+    EXPECT_THAT(bases(), ElementsAre("XRP", "ETH", "SOL", "BTC"));
+    EXPECT_EQ(row("XRP").pos(), QPoint(0, 0));
+    drag("XRP", "BTC", false);
+    EXPECT_EQ(bases().front(), "XRP") << "Escape takes it back";
+    EXPECT_TRUE(popover_.isVisible());
+    EXPECT_EQ(row("XRP").pos(), QPoint(0, 0));
+    drag("SOL", "SOL");
+    EXPECT_EQ(bases()[2], "SOL");
+}
+
+TEST_F(WatchlistEditing, ReachesEverythingByTab) {
+    show({"BTC", "ETH"}, {"SOL", "SOLV"});
+    type("sol");
+    for (const char* const expected :
+         {"result SOL", "result SOLV", "row BTC", "remove BTC", "Settings…", "Quit", "search"}) {
+        press(Qt::Key_Tab);
+        EXPECT_EQ(focus(), expected);
+    }
+    rows().focusRow(1);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focus(), "remove ETH");
+    press(Qt::Key_Space);
+    EXPECT_THAT(bases(), ElementsAre("BTC"));
+    EXPECT_EQ(focus(), "row BTC");
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focus(), "result SOLV");
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(popover_.isVisible());
+}
+
+TEST_F(WatchlistEditing, OpensTheSettingsAndAsksToQuit) {
+    show({});
+    bool quits = false;
+    QObject::connect(panel_, &WatchlistPanel::quitRequested, panel_, [&] { quits = true; });
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_EQ(settingsOpened_, 1);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(quits);
+}
+
+TEST_F(WatchlistEditing, FollowsChangesMadeWhileItWasClosed) {
+    show({"BTC", "ETH"});
+    popover_.hide();
+    model_->removeSymbol({"BTC", "USDT"});
+    model_->addSymbol({"SOL", "USDT"});
+    reopen();
+    EXPECT_EQ(rows().count(), 2u);
+    EXPECT_EQ(row("ETH").index(), 0u);
+    EXPECT_EQ(row("SOL").pos(), QPoint(0, WatchlistRows::pitch));
+}
+
+} // namespace
