@@ -12,6 +12,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QScreen>
@@ -83,6 +84,11 @@ void AppDelegate::applicationDidFinishLaunching() {
             [this] { updateStatusItem(StatusItem::Urgency::routine); });
     connect(&settings_, &SettingsStore::displayChanged, this,
             [this] { updateStatusItem(StatusItem::Urgency::immediate); });
+    connect(&model_, &AppModel::relaunchRequested, this, [this] {
+        isRelaunching_ = true;
+        terminate();
+    });
+    QCoreApplication::instance()->installEventFilter(this);
     appearance_.apply();
     startTask_ = platform::startTask(model_.start());
 }
@@ -112,8 +118,16 @@ void AppDelegate::togglePopover(std::optional<QPoint> clickedAt) {
         return;
     }
     // The press of this very click took the popover's activation away.
-    if (popover_->wasJustDismissed())
-        return;
+    if (!popover_->wasJustDismissed())
+        showPopover(clickedAt);
+}
+
+void AppDelegate::openPanel() {
+    if (!popover_->isVisible())
+        showPopover(std::nullopt);
+}
+
+void AppDelegate::showPopover(std::optional<QPoint> clickedAt) {
     prefetchTask_ = platform::startTask(model_.prefetchCandles());
     popover_->showBeside(platform::Popover::anchor(clickedAt));
     panel_->focusSearch();
@@ -172,6 +186,13 @@ void AppDelegate::terminate() {
     // The user asked the program to end; a network that does not answer is no reason to stay.
     constexpr std::chrono::seconds longestStop{4};
     stopDeadline_ = environment_.clock.startTimer(longestStop, [this] { Q_EMIT terminated(); });
+}
+
+bool AppDelegate::eventFilter(QObject* application, QEvent* event) {
+    if (event->type() != QEvent::Quit || application != QCoreApplication::instance())
+        return false;
+    terminate();
+    return true;
 }
 
 platform::Task<> AppDelegate::stopModel() {

@@ -46,11 +46,23 @@ public:
     /// @param clickedAt where the panel says that the item was clicked; absent where it does not
     void togglePopover(std::optional<QPoint> clickedAt);
 
+    /// Opens the popover unless it is open, for a user who started the program once more.
+    void openPanel();
+
     /// Brings the settings window to the front in place of the popover.
     void openSettings();
 
     /// Stops the model in order, then emits `terminated`. Once.
     void terminate();
+
+    /// Whether the program is to start anew once this process lets go of its place.
+    bool isRelaunching() const { return isRelaunching_; }
+
+    /// Starts it anew. After `terminated`, and once nothing keeps the new process from going on.
+    void openNewInstance() const { workspace_.openNewInstance(); }
+
+    /// Ends in order also where the application is told to quit from outside, by the session's end.
+    bool eventFilter(QObject* application, QEvent* event) override;
 
 Q_SIGNALS:
     /// Stopping has begun.
@@ -65,6 +77,7 @@ private:
     void setUpSettingsWindow();
     void chooseFromMenu(int id);
     void updateStatusItem(platform::StatusItem::Urgency urgency);
+    void showPopover(std::optional<QPoint> clickedAt);
     platform::Task<> stopModel();
 
     Environment environment_;
@@ -79,6 +92,7 @@ private:
     WatchlistPanel* panel_ = nullptr; ///< the popover's
     std::unique_ptr<QWidget> settingsWindow_;
     std::unique_ptr<platform::ClockTimer> stopDeadline_;
+    bool isRelaunching_ = false;
     // Last, so that they end first.
     platform::TaskHandle startTask_;
     platform::TaskHandle prefetchTask_;

@@ -62,10 +62,17 @@ int run(const FileManager& files, SingleInstance& instance) {
                      &AppDelegate::terminate);
     QObject::connect(&delegate, &AppDelegate::terminating, &instance,
                      &SingleInstance::stopListening);
-    QObject::connect(&delegate, &AppDelegate::terminated, QCoreApplication::instance(),
-                     &QCoreApplication::quit, Qt::QueuedConnection);
+    QObject::connect(&instance, &SingleInstance::called, &delegate, &AppDelegate::openPanel);
+    QObject::connect(
+        &delegate, &AppDelegate::terminated, QCoreApplication::instance(),
+        [] { QCoreApplication::exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
     delegate.applicationDidFinishLaunching();
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    if (delegate.isRelaunching()) {
+        instance.release();
+        delegate.openNewInstance();
+    }
+    return status;
 }
 
 } // namespace

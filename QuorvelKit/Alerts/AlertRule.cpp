@@ -113,7 +113,7 @@ QString AlertRule::Condition::description() const {
 }
 
 AlertRule::Condition AlertRule::Condition::decode(JSONValue value) {
-    const AlertConditionKind kind = onlyCase<AlertConditionKind>(value);
+    const auto kind = onlyCase<AlertConditionKind>(value);
     return value.required(rawValue(kind), [kind](JSONValue payload) {
         return Condition{kind, payload.required("_0", decimalOf)};
     });
@@ -129,7 +129,7 @@ std::size_t AlertRule::Condition::hash() const {
 }
 
 AlertRule::RepeatMode AlertRule::RepeatMode::decode(JSONValue value) {
-    const RepeatModeCase mode = onlyCase<RepeatModeCase>(value);
+    const auto mode = onlyCase<RepeatModeCase>(value);
     return value.required(rawValue(mode), [mode](JSONValue payload) {
         if (mode == RepeatModeCase::repeating)
             return repeating(

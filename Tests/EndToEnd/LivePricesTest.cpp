@@ -52,6 +52,12 @@ protected:
                            QStringLiteral("com.canonical.dbusmenu"), member, arguments);
     }
 
+    static inline const QString candlePath = QStringLiteral("/api/v3/klines");
+
+    static bool isOfCandles(const QJsonObject& request) {
+        return request[u"target"].toString().startsWith(candlePath);
+    }
+
     /// Chooses an entry of the menu by its place, counted from 1.
     void choose(int id) {
         menu(QStringLiteral("Event"),
@@ -127,6 +133,30 @@ INSTANTIATE_TEST_SUITE_P(
         return std::string(info.param.chosen) + "_" +
                QString::fromLatin1(info.param.session).replace(u':', u'_').toStdString();
     });
+
+TEST_F(LivePrices, LoadTheCandlesOfFourPairsAtATimeWhenThePanelOpens) {
+    QByteArrayList items;
+    for (const char* const base :
+         {"BTC", "ETH", "BNB", "SOL", "XRP", "DOGE", "ADA", "TRX", "AVAX", "DOT"})
+        items.append(QByteArray(R"({"symbol":{"base":")") + base +
+                     R"(","quote":"USDT"},"isPinnedToStatusBar":false})");
+    quorvel_.writeWatchlist('[' + items.join(',') + ']');
+    simulator_.control(QStringLiteral("rest"),
+                       {{QStringLiteral("path"), candlePath}, {QStringLiteral("delayMs"), 150}});
+    start();
+    ASSERT_TRUE(showsPrices());
+    constexpr int openEntry = 1;
+    choose(openEntry);
+    const auto answered = [this] {
+        return std::ranges::count_if(simulator_.details(QStringLiteral("answer")), isOfCandles);
+    };
+    EXPECT_TRUE(test::waitUntil([&] { return answered() == 10; }));
+    int most = 0;
+    for (const QJsonObject& request : simulator_.details(QStringLiteral("request")))
+        if (isOfCandles(request))
+            most = std::max(most, request[u"inFlight"].toInt());
+    EXPECT_EQ(most, 4);
+}
 
 class EachEnd : public LivePrices, public testing::WithParamInterface<int> {};
 
