@@ -1,11 +1,11 @@
 #include "Platform/Services/LoginItem.h"
 
 #include "Platform/Foundation/FileManager.h"
+#include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -138,16 +138,12 @@ TEST_F(LoginItemFile, StartsAProgramWhateverItsPathHas) {
         LoginItem item({QStringLiteral("quorvel"), QStringLiteral("Quorvel"), program}, autostart_);
         item.setEnabled(true);
         EXPECT_TRUE(item.isEnabled()) << folder;
-        QProcess launcher;
-        launcher.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        launcher.start(
-            QStringLiteral("/usr/bin/python3"),
-            {QStringLiteral("-c"),
-             QStringLiteral("import sys\nfrom gi.repository import Gio\n"
-                            "Gio.DesktopAppInfo.new_from_filename(sys.argv[1]).launch()"),
-             path_});
-        ASSERT_TRUE(launcher.waitForFinished());
-        EXPECT_EQ(launcher.exitCode(), 0) << folder;
+        test::ChildProcess launcher;
+        launcher.start({"/usr/bin/python3", "-c",
+                        "import sys\nfrom gi.repository import Gio\n"
+                        "Gio.DesktopAppInfo.new_from_filename(sys.argv[1]).launch()",
+                        path_.toStdString()});
+        EXPECT_EQ(launcher.waitForEnd(std::chrono::seconds(30)), 0) << folder;
         EXPECT_TRUE(test::waitUntil([&] {
             return FileManager::contents(program + QStringLiteral(".done")) == QByteArray("0");
         })) << folder;
