@@ -30,6 +30,8 @@ std::optional<Appearance> appearance(uint scheme) {
 } // namespace
 
 SystemAppearance::SystemAppearance(QDBusConnection bus) : bus_(std::move(bus)) {
+    // The slot's parameters are looked up by the names of their types.
+    qRegisterMetaType<QDBusVariant>();
     bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
                  SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask();

@@ -7,6 +7,8 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quorvel {
 
 namespace {
@@ -22,18 +24,10 @@ SearchResults::SearchResults(AppModel& model, QWidget* parent) : QWidget(parent)
     auto* const sections = new QVBoxLayout(this);
     sections->setContentsMargins(0, 0, 0, 0);
     sections->setSpacing(dividerSpacing);
-    auto* const list = new QVBoxLayout;
-    list->setSpacing(resultSpacing);
-    sections->addLayout(list);
+    list_ = new QVBoxLayout;
+    list_->setSpacing(resultSpacing);
+    sections->addLayout(list_);
     sections->addWidget(new Divider(this));
-    for (SearchResultButton*& button : buttons_) {
-        button = new SearchResultButton(this);
-        list->addWidget(button);
-        connect(button, &QAbstractButton::clicked, this, [this, button] {
-            model_.addSymbol(button->pair());
-            Q_EMIT added();
-        });
-    }
     connect(&model, &AppModel::searchQueryChanged, this, &SearchResults::refresh);
     connect(&model, &AppModel::availableSymbolsChanged, this, &SearchResults::refresh);
     refresh();
@@ -48,9 +42,22 @@ std::vector<QAbstractButton*> SearchResults::choices() const {
     return choices;
 }
 
+void SearchResults::makeButtons(std::size_t count) {
+    while (buttons_.size() < count) {
+        auto* const button = new SearchResultButton(this);
+        list_->addWidget(button);
+        connect(button, &QAbstractButton::clicked, this, [this, button] {
+            model_.addSymbol(button->pair());
+            Q_EMIT added();
+        });
+        buttons_.push_back(button);
+    }
+}
+
 void SearchResults::refresh() {
     const auto matches =
         SymbolSearch::match(model_.searchQuery(), model_.availableSymbols(), matchLimit);
+    makeButtons(std::min(matches.size(), shownLimit));
     const SearchResultButton* first = nullptr;
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         SearchResultButton& button = *buttons_[i];

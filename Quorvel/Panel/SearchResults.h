@@ -1,12 +1,14 @@
 #pragma once
 
-#include "Platform/Desktop/PlainButton.h"
 #include "Quorvel/Model/AppModel.h"
 
 #include <QWidget>
 
-#include <array>
+#include <cstddef>
 #include <vector>
+
+class QAbstractButton;
+class QVBoxLayout;
 
 namespace quorvel {
 
@@ -33,9 +35,11 @@ Q_SIGNALS:
 
 private:
     void refresh();
+    void makeButtons(std::size_t count);
 
     AppModel& model_;
-    std::array<SearchResultButton*, shownLimit> buttons_;
+    QVBoxLayout* list_;
+    std::vector<SearchResultButton*> buttons_; ///< as many as were ever needed
 };
 
 } // namespace quorvel
