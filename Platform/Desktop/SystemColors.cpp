@@ -38,6 +38,7 @@ SystemColors SystemColors::of(const QPalette& palette) {
         .pressed = withAlpha(label, 0.12),
         .accent = palette.color(QPalette::Active, QPalette::Highlight),
         .orange = isDark ? QColor(255, 179, 64) : QColor(168, 78, 0),
+        .red = isDark ? QColor(255, 107, 108) : QColor(196, 30, 32),
     };
 }
 

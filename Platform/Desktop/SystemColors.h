@@ -23,6 +23,7 @@ struct SystemColors {
     QColor pressed;        ///< laid over the background of what is held down
     QColor accent;         ///< focus marks, from the desktop's selection colour
     QColor orange;         ///< text of a warning
+    QColor red;            ///< text of an error
 
     static SystemColors of(const QPalette& palette);
 };

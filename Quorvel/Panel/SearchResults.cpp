@@ -1,7 +1,7 @@
 #include "Quorvel/Panel/SearchResults.h"
 
+#include "Platform/Desktop/Divider.h"
 #include "Platform/Foundation/StringTable.h"
-#include "Quorvel/Panel/Divider.h"
 #include "Quorvel/Panel/SearchResultButton.h"
 #include "QuorvelKit/MarketData/SymbolSearch.h"
 
@@ -25,7 +25,7 @@ SearchResults::SearchResults(AppModel& model, QWidget* parent) : QWidget(parent)
     auto* const list = new QVBoxLayout;
     list->setSpacing(resultSpacing);
     sections->addLayout(list);
-    sections->addWidget(new Divider(this));
+    sections->addWidget(new platform::Divider(this));
     for (SearchResultButton*& button : buttons_) {
         button = new SearchResultButton(this);
         list->addWidget(button);
