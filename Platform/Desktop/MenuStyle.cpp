@@ -25,7 +25,10 @@ void paintPanel(QPainter& painter, const QStyleOption& option, const QWidget* me
     const double line = 1 / painter.device()->devicePixelRatioF();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colors.separator, line));
+    // Stronger than a hairline within a window: it may be all that sets the menu off from one.
+    QColor edge = colors.label;
+    edge.setAlphaF(0.25F);
+    painter.setPen(QPen(edge, line));
     painter.setBrush(colors.card);
     painter.drawRoundedRect(QRectF(option.rect).adjusted(line / 2, line / 2, -line / 2, -line / 2),
                             radius, radius);
