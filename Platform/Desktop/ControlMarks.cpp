@@ -1,5 +1,7 @@
 #include "Platform/Desktop/ControlMarks.h"
 
+#include "Platform/Desktop/SymbolImage.h"
+
 #include <QPainter>
 
 namespace platform {
@@ -20,6 +22,19 @@ void ControlMarks::paintFocus(QPainter& painter, const QRectF& area, const QColo
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius - inset,
                             radius - inset);
+}
+
+void ControlMarks::paintFocusAround(QPainter& painter, const QRectF& area, const QColor& accent,
+                                    double radius) {
+    paintFocus(painter, area.adjusted(-ringMargin, -ringMargin, ringMargin, ringMargin), accent,
+               radius + ringMargin);
+}
+
+void ControlMarks::paintSymbol(QPainter& painter, const SymbolImage& symbol, const QRectF& area,
+                               double side, const QColor& color) {
+    QRectF place(0, 0, side, side);
+    place.moveCenter(area.center());
+    symbol.paint(painter, place, color);
 }
 
 } // namespace platform

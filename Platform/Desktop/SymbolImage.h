@@ -8,8 +8,8 @@ class QPainter;
 
 namespace platform {
 
-/// A one-coloured symbol that is tinted where it is drawn. Its shape is an SVG picture of the
-/// application's, found by its name in the resources; only the picture's opacity counts.
+/// A one-coloured symbol that is tinted where it is drawn. Its shape is an SVG picture, found by
+/// its name in the resources of this library or the application; only the picture's opacity counts.
 class SymbolImage {
 public:
     /// @param name of the file ":/symbols/NAME.svg"

@@ -26,18 +26,23 @@ QColor blended(const QColor& over, double alpha, const QColor& under) {
 
 SystemColors SystemColors::of(const QPalette& palette) {
     const QColor label = palette.color(QPalette::Active, QPalette::WindowText);
+    const QColor window = palette.color(QPalette::Active, QPalette::Window);
     const bool isDark = appearanceOf(palette) == Appearance::dark;
     return {
         .label = label,
         .secondaryLabel = withAlpha(label, 0.74),
         .tertiaryLabel = withAlpha(label, 0.63),
-        .background = palette.color(QPalette::Active, QPalette::Window),
+        .background = window,
+        .formBackground = isDark ? window : blended(label, 0.045, window),
+        .card = palette.color(QPalette::Active, QPalette::Base),
         .field = withAlpha(label, isDark ? 0.09 : 0.065),
+        .outline = withAlpha(label, isDark ? 0.38 : 0.47),
         .separator = withAlpha(label, isDark ? 0.16 : 0.13),
         .hover = withAlpha(label, 0.06),
         .pressed = withAlpha(label, 0.12),
         .accent = palette.color(QPalette::Active, QPalette::Highlight),
         .orange = isDark ? QColor(255, 179, 64) : QColor(168, 78, 0),
+        .red = isDark ? QColor(255, 107, 108) : QColor(196, 30, 32),
     };
 }
 

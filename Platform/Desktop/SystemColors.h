@@ -17,12 +17,16 @@ struct SystemColors {
     QColor secondaryLabel; ///< text beside it
     QColor tertiaryLabel;  ///< the faintest text
     QColor background;     ///< of windows and popovers
+    QColor formBackground; ///< of a window whose content lies on cards
+    QColor card;           ///< of such a card
     QColor field;          ///< of a place to type in
+    QColor outline;        ///< the edge of a control, with a contrast of at least 3 to 1
     QColor separator;      ///< hairlines, opaque enough to be seen on the background
     QColor hover;          ///< laid over the background below the pointer
     QColor pressed;        ///< laid over the background of what is held down
     QColor accent;         ///< focus marks, from the desktop's selection colour
     QColor orange;         ///< text of a warning
+    QColor red;            ///< text of an error
 
     static SystemColors of(const QPalette& palette);
 };

@@ -1,7 +1,7 @@
 #include "Quorvel/Panel/SearchResults.h"
 
+#include "Platform/Desktop/Divider.h"
 #include "Platform/Foundation/StringTable.h"
-#include "Quorvel/Panel/Divider.h"
 #include "Quorvel/Panel/SearchResultButton.h"
 #include "QuorvelKit/MarketData/SymbolSearch.h"
 
@@ -27,7 +27,7 @@ SearchResults::SearchResults(AppModel& model, QWidget* parent) : QWidget(parent)
     list_ = new QVBoxLayout;
     list_->setSpacing(resultSpacing);
     sections->addLayout(list_);
-    sections->addWidget(new Divider(this));
+    sections->addWidget(new platform::Divider(this));
     connect(&model, &AppModel::searchQueryChanged, this, &SearchResults::refresh);
     connect(&model, &AppModel::availableSymbolsChanged, this, &SearchResults::refresh);
     refresh();

@@ -1,10 +1,10 @@
 #include "Quorvel/Panel/WatchlistPanel.h"
 
+#include "Platform/Desktop/Divider.h"
 #include "Platform/Desktop/PlainButton.h"
 #include "Platform/Desktop/SystemFonts.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Panel/AccessibleWatchlistRow.h"
-#include "Quorvel/Panel/Divider.h"
 #include "Quorvel/Panel/WatchlistList.h"
 
 #include <QBoxLayout>
@@ -15,7 +15,9 @@
 
 namespace quorvel {
 
+using platform::Divider;
 using platform::localized;
+using platform::MessageLine;
 using Kind = MessageLine::Kind;
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Platform/Desktop/MessageLine.h"
 #include "Quorvel/Model/AppModel.h"
-#include "Quorvel/Panel/MessageLine.h"
 #include "Quorvel/Panel/SearchField.h"
 #include "Quorvel/Panel/SearchResults.h"
 #include "Quorvel/Panel/WatchlistRows.h"
@@ -43,7 +43,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    MessageLine* addMessage(QVBoxLayout& layout, MessageLine::Kind kind, int fontSize);
+    platform::MessageLine* addMessage(QVBoxLayout& layout, platform::MessageLine::Kind kind,
+                                      int fontSize);
     void addSearch(QVBoxLayout& layout);
     void addWatchlist(QVBoxLayout& top, QVBoxLayout& sections);
     void addMessages(QVBoxLayout& layout);
@@ -57,15 +58,15 @@ private:
 
     AppModel& model_;
     std::function<void()> onOpenSettings_;
-    MessageLine* warning_;
+    platform::MessageLine* warning_;
     SearchField* search_;
     SearchResults* results_;
-    MessageLine* emptyText_;
+    platform::MessageLine* emptyText_;
     WatchlistRows* rows_;
     WatchlistList* list_;
-    MessageLine* persistError_;
-    MessageLine* loadError_;
-    MessageLine* hint_;
+    platform::MessageLine* persistError_;
+    platform::MessageLine* loadError_;
+    platform::MessageLine* hint_;
     QWidget* settings_;
     QWidget* quit_;
 };

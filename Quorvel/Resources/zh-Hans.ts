@@ -92,6 +92,178 @@
         <translation>自选列表</translation>
     </message>
     <message>
+        <source>Repeat</source>
+        <translation>重复</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>Coin</source>
+        <translation>币种</translation>
+    </message>
+    <message>
+        <source>Condition</source>
+        <translation>条件</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>请选择…</translation>
+    </message>
+    <message>
+        <source>Threshold (%)</source>
+        <translation>阈值 (%)</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>阈值</translation>
+    </message>
+    <message>
+        <source>Choose a coin first</source>
+        <translation>请先选择币种</translation>
+    </message>
+    <message>
+        <source>Enter the threshold as a plain number, such as 70000</source>
+        <translation>请输入不带分隔符的数字作为阈值，例如 70000</translation>
+    </message>
+    <message>
+        <source>Repeats</source>
+        <translation>重复提醒</translation>
+    </message>
+    <message>
+        <source>Triggered — toggle to re-enable</source>
+        <translation>已触发，重新打开开关即可再次启用</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>删除 %1</translation>
+    </message>
+    <message>
+        <source>Alerts</source>
+        <translation>价格提醒</translation>
+    </message>
+    <message>
+        <source>No alerts yet. Add one below, or right-click a coin in the panel.</source>
+        <translation>还没有提醒。可在下方添加，或在面板中右键点击币种。</translation>
+    </message>
+    <message>
+        <source>Notifications are off, so alerts can&apos;t be delivered. Allow Quorvel in System Settings → Notifications.</source>
+        <translation>通知已关闭，无法发送提醒。请在“系统设置 → 通知”中允许 Quorvel。</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>主题</translation>
+    </message>
+    <message>
+        <source>Red up, green down</source>
+        <translation>红涨绿跌</translation>
+    </message>
+    <message>
+        <source>Green up, red down</source>
+        <translation>绿涨红跌</translation>
+    </message>
+    <message>
+        <source>Color scheme</source>
+        <translation>涨跌配色</translation>
+    </message>
+    <message>
+        <source>Chart period</source>
+        <translation>走势图周期</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>通用</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Restart Now</source>
+        <translation>立即重启</translation>
+    </message>
+    <message>
+        <source>Restart to apply the new language</source>
+        <translation>重启后应用新语言</translation>
+    </message>
+    <message>
+        <source>Launch Quorvel at login</source>
+        <translation>登录时启动 Quorvel</translation>
+    </message>
+    <message>
+        <source>Menu Bar</source>
+        <translation>菜单栏</translation>
+    </message>
+    <message>
+        <source>Show icon</source>
+        <translation>显示图标</translation>
+    </message>
+    <message>
+        <source>Show up/down arrow</source>
+        <translation>显示涨跌箭头</translation>
+    </message>
+    <message>
+        <source>Rotate one</source>
+        <translation>轮流显示</translation>
+    </message>
+    <message>
+        <source>Side by side</source>
+        <translation>并排显示</translation>
+    </message>
+    <message>
+        <source>Fixed one</source>
+        <translation>固定显示一个</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>显示方式</translation>
+    </message>
+    <message>
+        <source>Shows the first pinned coin, or the first in your watchlist</source>
+        <translation>显示第一个固定的币种；没有固定币种时显示自选列表中的第一个</translation>
+    </message>
+    <message>
+        <source>Right-click a coin in the panel to pin it</source>
+        <translation>在面板中右键点击币种即可固定</translation>
+    </message>
+    <message>
+        <source>Price and change</source>
+        <translation>价格和涨跌幅</translation>
+    </message>
+    <message>
+        <source>Price only</source>
+        <translation>仅价格</translation>
+    </message>
+    <message>
+        <source>Change only</source>
+        <translation>仅涨跌幅</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>显示内容</translation>
+    </message>
+    <message>
+        <source>Rotation interval: %1s</source>
+        <translation>轮换间隔：%1 秒</translation>
+    </message>
+    <message>
+        <source>Show up to %1</source>
+        <translation>最多显示 %1 个</translation>
+    </message>
+    <message>
+        <source>Closing the stream of prices</source>
+        <translation>正在关闭行情推送</translation>
+    </message>
+    <message>
         <source>Quorvel Settings</source>
         <translation>Quorvel 设置</translation>
     </message>

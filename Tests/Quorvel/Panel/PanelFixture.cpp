@@ -120,7 +120,7 @@ std::vector<std::string> PanelFixture::results() const {
 
 std::vector<std::string> PanelFixture::messages() const {
     std::vector<std::string> texts;
-    for (const auto* const line : panel_->findChildren<MessageLine*>()) {
+    for (const auto* const line : panel_->findChildren<platform::MessageLine*>()) {
         if (line->isVisible())
             texts.push_back(line->text().toStdString());
     }

@@ -1,18 +1,17 @@
-#include "Quorvel/Panel/MessageLine.h"
+#include "Platform/Desktop/MessageLine.h"
 
 #include "Platform/Desktop/SystemColors.h"
 #include "Platform/Desktop/SystemFonts.h"
-#include "Quorvel/Model/PriceColors.h"
 
 #include <QEvent>
 #include <QGuiApplication>
 
-namespace quorvel {
+namespace platform {
 
 namespace {
 
 QColor color(MessageLine::Kind kind, const QPalette& palette) {
-    const auto colors = platform::SystemColors::of(palette);
+    const auto colors = SystemColors::of(palette);
     switch (kind) {
     case MessageLine::Kind::secondary:
         return colors.secondaryLabel;
@@ -21,7 +20,7 @@ QColor color(MessageLine::Kind kind, const QPalette& palette) {
     case MessageLine::Kind::warning:
         return colors.orange;
     case MessageLine::Kind::error:
-        return brandRed(platform::appearanceOf(palette));
+        return colors.red;
     }
     return colors.label;
 }
@@ -29,7 +28,7 @@ QColor color(MessageLine::Kind kind, const QPalette& palette) {
 } // namespace
 
 MessageLine::MessageLine(Kind kind, int fontSize, QWidget* parent) : QLabel(parent), kind_(kind) {
-    setFont(platform::systemFont(fontSize));
+    setFont(systemFont(fontSize));
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     adoptPalette();
@@ -55,4 +54,4 @@ void MessageLine::adoptPalette() {
     isAdopting_ = false;
 }
 
-} // namespace quorvel
+} // namespace platform

@@ -4,9 +4,9 @@
 
 #include <optional>
 
-namespace quorvel {
+namespace platform {
 
-/// A line of text in the panel that is there only while there is something to say. Wraps where it
+/// A line of text that is there only while there is something to say. Wraps where it
 /// is too long, and follows the appearance.
 class MessageLine final : public QLabel {
     Q_OBJECT
@@ -31,4 +31,4 @@ private:
     bool isAdopting_ = false;
 };
 
-} // namespace quorvel
+} // namespace platform

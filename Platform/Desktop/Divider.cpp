@@ -1,10 +1,10 @@
-#include "Quorvel/Panel/Divider.h"
+#include "Platform/Desktop/Divider.h"
 
 #include "Platform/Desktop/SystemColors.h"
 
 #include <QPainter>
 
-namespace quorvel {
+namespace platform {
 
 Divider::Divider(QWidget* parent) : QWidget(parent) {
     setFixedHeight(1);
@@ -13,7 +13,7 @@ Divider::Divider(QWidget* parent) : QWidget(parent) {
 void Divider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(QRectF(0, 0, width(), 1 / devicePixelRatioF()),
-                     platform::SystemColors::of(palette()).separator);
+                     SystemColors::of(palette()).separator);
 }
 
-} // namespace quorvel
+} // namespace platform

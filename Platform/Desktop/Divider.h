@@ -2,9 +2,9 @@
 
 #include <QWidget>
 
-namespace quorvel {
+namespace platform {
 
-/// A hairline across the panel, one device pixel thick.
+/// A hairline from side to side, one device pixel thick.
 class Divider final : public QWidget {
     Q_OBJECT
 
@@ -15,4 +15,4 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-} // namespace quorvel
+} // namespace platform

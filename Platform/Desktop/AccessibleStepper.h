@@ -1,0 +1,8 @@
+#pragma once
+
+namespace platform {
+
+/// Lets assistive technology read and change a stepper's value. To be called before it meets one.
+void installAccessibleStepper();
+
+} // namespace platform

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace platform {
+
+/// A place to type one line in, as wide as it is made.
+class TextField : public QLineEdit {
+    Q_OBJECT
+
+public:
+    static constexpr int preferredHeight = 28;
+
+    explicit TextField(QWidget* parent = nullptr);
+
+    QSize sizeHint() const override { return {0, preferredHeight}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace platform

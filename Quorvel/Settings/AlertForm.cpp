@@ -1,0 +1,156 @@
+#include "Quorvel/Settings/AlertForm.h"
+
+#include "Platform/Desktop/SystemFonts.h"
+#include "Platform/Foundation/StringTable.h"
+#include "Quorvel/Settings/Choices.h"
+#include "Quorvel/Settings/FormCard.h"
+#include "Quorvel/Settings/FormFonts.h"
+#include "Quorvel/Settings/FormRow.h"
+
+#include <QGridLayout>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace quorvel {
+
+using platform::localized;
+using platform::Picker;
+using platform::TextLine;
+
+namespace {
+
+constexpr int verticalInset = 12;
+constexpr int columnSpacing = 12;
+constexpr int lineSpacing = 6; // and the margins that hold the focus marks
+
+} // namespace
+
+AlertForm::AlertForm(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+    makeControls();
+    layOut();
+    listCoins();
+    connect(&model.watchlist(), &WatchlistStore::itemsChanged, this, &AlertForm::listCoins);
+    connect(coin_, &QComboBox::currentIndexChanged, this, &AlertForm::refresh);
+    connect(condition_, &QComboBox::currentIndexChanged, this, &AlertForm::refresh);
+    connect(threshold_, &QLineEdit::textChanged, this, &AlertForm::refresh);
+    connect(threshold_, &QLineEdit::returnPressed, this, &AlertForm::add);
+    connect(add_, &QAbstractButton::clicked, this, &AlertForm::add);
+}
+
+void AlertForm::makeControls() {
+    using platform::PushButton;
+    setFont(platform::systemFont(FormFonts::label));
+    coin_ = new Picker(this);
+    condition_ = makePicker(labelledCases<AlertConditionKind>());
+    condition_->setParent(this);
+    threshold_ = new platform::TextField(this);
+    threshold_->setFixedWidth(Picker::preferredWidth);
+    repeat_ = new platform::CheckBox(localized("Quorvel", "Repeat"), this);
+    add_ = new PushButton(localized("Quorvel", "Add"), PushButton::Kind::prominent, this);
+    for (QWidget* const control : {static_cast<QWidget*>(coin_), static_cast<QWidget*>(condition_),
+                                   static_cast<QWidget*>(threshold_),
+                                   static_cast<QWidget*>(repeat_), static_cast<QWidget*>(add_)})
+        control->setFont(font());
+}
+
+void AlertForm::layOut() {
+    const int overhanging = overhang(*coin_);
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(FormCard::inset - overhanging, verticalInset,
+                             FormCard::inset - overhanging, verticalInset - overhanging);
+    grid->setHorizontalSpacing(columnSpacing - 2 * overhanging);
+    grid->setVerticalSpacing(0);
+    addLabelled(*grid, 0, localized("Quorvel", "Coin"), coin_);
+    addLabelled(*grid, 1, localized("Quorvel", "Condition"), condition_);
+    grid->setRowMinimumHeight(2, lineSpacing);
+    grid->addWidget(threshold_, 3, 0, Qt::AlignCenter);
+    auto* const actions = new QHBoxLayout;
+    actions->addWidget(repeat_);
+    actions->addStretch();
+    actions->addWidget(add_);
+    grid->addLayout(actions, 3, 1);
+}
+
+void AlertForm::addLabelled(QGridLayout& grid, int column, const QString& label, QWidget* control) {
+    auto* const caption = new TextLine(label, TextLine::Strength::secondary, this);
+    caption->setFont(platform::systemFont(FormFonts::caption));
+    caption->setContentsMargins(overhang(*control), 0, 0, 1);
+    control->setAccessibleName(label);
+    grid.addWidget(caption, 0, column);
+    grid.addWidget(control, 1, column);
+}
+
+std::optional<Symbol> AlertForm::selectedSymbol() const {
+    const int index = coin_->currentIndex();
+    if (index <= 0)
+        return std::nullopt;
+    return coins_.at(static_cast<std::size_t>(index) - 1);
+}
+
+void AlertForm::select(const std::optional<Symbol>& symbol) {
+    const auto found = symbol ? std::ranges::find(coins_, *symbol) : coins_.end();
+    coin_->setCurrentIndex(found == coins_.end() ? 0
+                                                 : static_cast<int>(found - coins_.begin()) + 1);
+}
+
+void AlertForm::focusThreshold() {
+    threshold_->setFocus(Qt::OtherFocusReason);
+}
+
+AlertConditionKind AlertForm::kind() const {
+    return allCases<AlertConditionKind>().at(static_cast<std::size_t>(condition_->currentIndex()));
+}
+
+std::optional<Decimal> AlertForm::threshold() const {
+    return Decimal::fromAPIString(threshold_->text().toStdString());
+}
+
+void AlertForm::listCoins() {
+    const auto selected = selectedSymbol();
+    {
+        const QSignalBlocker untilListed(coin_);
+        coins_ = model_.watchlist().symbols();
+        coin_->clear();
+        coin_->addItem(localized("Quorvel", "Choose…"));
+        for (const Symbol& coin : coins_)
+            coin_->addItem(QString::fromStdString(coin.base));
+        select(selected);
+    }
+    refresh();
+}
+
+void AlertForm::refresh() {
+    const QString prompt = isPercentage(kind()) ? localized("Quorvel", "Threshold (%)")
+                                                : localized("Quorvel", "Threshold");
+    threshold_->setPlaceholderText(prompt);
+    threshold_->setAccessibleName(prompt);
+    QString missing;
+    if (!selectedSymbol())
+        missing = localized("Quorvel", "Choose a coin first");
+    else if (!threshold())
+        missing = localized("Quorvel", "Enter the threshold as a plain number, such as 70000");
+    add_->setEnabled(missing.isEmpty());
+    add_->setAccessibleDescription(missing);
+    add_->setToolTip(missing);
+}
+
+void AlertForm::add() {
+    const auto symbol = selectedSymbol();
+    const auto value = threshold();
+    if (!symbol || !value)
+        return;
+    using RepeatMode = AlertRule::RepeatMode;
+    model_.alerts().add({.id = QUuid::createUuid(),
+                         .symbol = *symbol,
+                         .condition = condition(kind(), *value),
+                         .repeatMode = repeat_->isChecked()
+                                           ? RepeatMode::repeating(RepeatMode::defaultCooldown)
+                                           : RepeatMode::once(),
+                         .isEnabled = true,
+                         .lastTriggeredAt = std::nullopt});
+    requests_.start(model_.notifications().requestAuthorizationIfNeeded());
+    threshold_->clear();
+}
+
+} // namespace quorvel

@@ -1,0 +1,62 @@
+#include "Quorvel/Settings/FormRow.h"
+
+#include "Platform/Desktop/SystemFonts.h"
+#include "Quorvel/Settings/FormCard.h"
+#include "Quorvel/Settings/FormFonts.h"
+
+#include <QVBoxLayout>
+
+namespace quorvel {
+
+using platform::Reveal;
+using platform::TextLine;
+
+namespace {
+
+constexpr int spacing = 12;
+constexpr int hintBottom = 10;
+
+} // namespace
+
+FormRow::FormRow(const QString& label, QWidget* control, QWidget* parent)
+    : QWidget(parent), control_(control) {
+    label_ = new TextLine({}, TextLine::Strength::primary, this);
+    label_->setFont(platform::systemFont(FormFonts::label));
+    control->setFont(label_->font());
+    auto* const line = new QHBoxLayout;
+    line->setContentsMargins(FormCard::inset, 0, FormCard::inset - overhang(*control), 0);
+    line->setSpacing(spacing);
+    line->addStrut(preferredHeight);
+    line->addWidget(label_, 1);
+    line->addWidget(control);
+    lines_ = new QVBoxLayout(this);
+    lines_->setContentsMargins(0, 0, 0, 0);
+    lines_->setSpacing(0);
+    lines_->addLayout(line);
+    setLabel(label);
+}
+
+void FormRow::setLabel(const QString& label) {
+    label_->setText(label);
+    control_->setAccessibleName(label);
+}
+
+void FormRow::makeCaption() {
+    label_->setFont(platform::systemFont(FormFonts::caption));
+    label_->setStrength(TextLine::Strength::secondary);
+    control_->setAccessibleName({});
+    control_->setAccessibleDescription(label_->text());
+}
+
+Reveal* FormRow::addHint(QWidget* hint) {
+    hint->setContentsMargins(FormCard::inset, 0, FormCard::inset, hintBottom);
+    auto* const reveal = new Reveal(hint, this);
+    lines_->addWidget(reveal);
+    return reveal;
+}
+
+int overhang(const QWidget& control) {
+    return control.contentsMargins().right();
+}
+
+} // namespace quorvel

@@ -1,0 +1,33 @@
+#include "Quorvel/Settings/FormSection.h"
+
+#include "Platform/Desktop/AccessibleRole.h"
+#include "Platform/Desktop/SystemFonts.h"
+#include "Platform/Desktop/TextLine.h"
+
+#include <QVBoxLayout>
+
+namespace quorvel {
+
+namespace {
+
+constexpr int titleSize = 12;
+constexpr int titleSpacing = 8;
+
+} // namespace
+
+FormSection::FormSection(const QString& title, QWidget* parent) : QWidget(parent) {
+    platform::setAccessibleRole(*this, QAccessible::Grouping);
+    setAccessibleName(title);
+    using platform::TextLine;
+    auto* const header = new TextLine(title, TextLine::Strength::secondary, this);
+    header->setFont(platform::systemFont(titleSize, QFont::DemiBold));
+    header->setContentsMargins(FormCard::inset, 0, FormCard::inset, 0);
+    card_ = new FormCard(this);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(titleSpacing);
+    layout->addWidget(header);
+    layout->addWidget(card_);
+}
+
+} // namespace quorvel
