@@ -2,6 +2,7 @@
 
 #include "Platform/Desktop/StatusItemIconFile.h"
 #include "Platform/Foundation/StringTable.h"
+#include "Quorvel/Settings/SettingsWindow.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
 #include "Quorvel/Shell/StatusMenu.h"
@@ -102,12 +103,13 @@ void AppDelegate::setUpPopover() {
 }
 
 void AppDelegate::setUpSettingsWindow() {
-    constexpr QSize contentSize(420, 400);
-    settingsWindow_ = std::make_unique<QWidget>(
-        nullptr, Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                     Qt::WindowCloseButtonHint);
+    constexpr QSize contentSize(SettingsWindow::contentWidth, 400);
+    settingsWindow_ =
+        std::make_unique<SettingsWindow>(model_, [this] { model_.relaunchApplication(); });
+    settingsWindow_->setWindowFlags(Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     settingsWindow_->setWindowTitle(platform::localized("Quorvel", "Quorvel Settings"));
-    settingsWindow_->setFixedSize(contentSize);
+    settingsWindow_->resize(contentSize);
     const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
     settingsWindow_->move(available.center() - settingsWindow_->rect().center());
 }

@@ -21,6 +21,8 @@
 
 namespace quorvel {
 
+class SettingsWindow;
+
 /// Composes the program: the model and everything on the screen. Created by main and kept until the
 /// event loop has returned; main thread.
 class AppDelegate : public QObject {
@@ -90,7 +92,7 @@ private:
     std::unique_ptr<platform::StatusItem> statusItem_;
     std::unique_ptr<platform::Popover> popover_;
     WatchlistPanel* panel_ = nullptr; ///< the popover's
-    std::unique_ptr<QWidget> settingsWindow_;
+    std::unique_ptr<SettingsWindow> settingsWindow_;
     std::unique_ptr<platform::ClockTimer> stopDeadline_;
     bool isRelaunching_ = false;
     // Last, so that they end first.

@@ -178,7 +178,7 @@ Mantissa roundedValueOf(std::string_view first, std::string_view second) {
 
 /// A value's digits; none for 0.
 std::string digitsOf(Mantissa value) {
-    std::array<char, Decimal::maximumDigits + 1> buffer;
+    std::array<char, Decimal::maximumDigits + 1> buffer{};
     char* begin = buffer.data() + buffer.size();
     for (; value != 0; value /= 10)
         *--begin = static_cast<char>('0' + static_cast<int>(value % 10));

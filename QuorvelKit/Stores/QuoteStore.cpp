@@ -38,7 +38,8 @@ void QuoteStore::applySnapshot(const std::vector<Quote>& quotes) {
 }
 
 void QuoteStore::remove(const Symbol& symbol) {
-    const Symbol removed = symbol; // it may be the entry's own
+    // It may be the entry's own.
+    const Symbol removed = symbol; // NOLINT(performance-unnecessary-copy-initialization)
     quotes_.erase(removed);
     Q_EMIT quotesChanged(removed);
 }
