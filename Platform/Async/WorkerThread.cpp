@@ -9,7 +9,13 @@ WorkerThread::WorkerThread(const QString& name) {
     thread_.start();
 }
 
+void WorkerThread::LoopThread::run() {
+    exec();
+    acquireFromOtherThread(&throughQt);
+}
+
 void WorkerThread::stop() {
+    releaseToOtherThread(&throughQt);
     thread_.quit();
     thread_.wait();
     acquireFromOtherThread(&throughQt);

@@ -21,7 +21,13 @@ public:
     void stop();
 
 private:
-    QThread thread_;
+    /// Knows of all that was done before it was told to quit when it tells of its end.
+    class LoopThread final : public QThread {
+    protected:
+        void run() override;
+    };
+
+    LoopThread thread_;
 };
 
 } // namespace platform

@@ -50,7 +50,7 @@ QByteArray entry(const QByteArray& base, const QByteArray& quote, const QByteArr
 QByteArray madeUpEntry(int number) {
     static constexpr std::array quotes = {"USDT", "BTC", "USDC"};
     const QByteArray base = "SIM" + QByteArray::number(number).rightJustified(5, '0');
-    const auto quote = quotes[static_cast<std::size_t>(number) % quotes.size()];
+    const auto* const quote = quotes[static_cast<std::size_t>(number) % quotes.size()];
     return entry(base, quote, number % 2 == 0 ? "TRADING" : "BREAK", 5);
 }
 

@@ -9,9 +9,9 @@ namespace simulator {
 namespace {
 
 struct DefaultPair {
-    const char* symbol;
-    const char* price;
-    const char* change;
+    const char* symbol = nullptr;
+    const char* price = nullptr;
+    const char* change = nullptr;
     const char* status = "TRADING";
 };
 

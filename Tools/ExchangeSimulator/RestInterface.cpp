@@ -101,7 +101,7 @@ std::optional<RestOverride> RestInterface::takeOverride(const QString& path) {
     const auto found = overrides_.find(path);
     if (found == overrides_.end())
         return std::nullopt;
-    const RestOverride change = found->second;
+    RestOverride change = found->second;
     if (found->second.count && --*found->second.count <= 0)
         overrides_.erase(found);
     return change;
