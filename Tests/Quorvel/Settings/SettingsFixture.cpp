@@ -87,9 +87,10 @@ void SettingsFixture::press(Qt::Key key) {
 }
 
 void SettingsFixture::settle() {
-    const auto reveals = window_->findChildren<platform::Reveal*>();
-    EXPECT_TRUE(waitUntil([&] {
-        return std::ranges::none_of(reveals, [](auto* reveal) { return reveal->isMoving(); });
+    // Asked for anew each time: some delete themselves once they have closed.
+    EXPECT_TRUE(waitUntil([this] {
+        return std::ranges::none_of(window_->findChildren<platform::Reveal*>(),
+                                    [](auto* reveal) { return reveal->isMoving(); });
     }));
     drainEvents();
 }
