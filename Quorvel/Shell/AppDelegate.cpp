@@ -125,8 +125,12 @@ void AppDelegate::togglePopover(std::optional<QPoint> clickedAt) {
 }
 
 void AppDelegate::openPanel() {
-    if (!popover_->isVisible())
+    if (!popover_->isVisible()) {
         showPopover(std::nullopt);
+        return;
+    }
+    popover_->raise();
+    popover_->activateWindow();
 }
 
 void AppDelegate::showPopover(std::optional<QPoint> clickedAt) {

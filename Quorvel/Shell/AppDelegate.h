@@ -48,7 +48,7 @@ public:
     /// @param clickedAt where the panel says that the item was clicked; absent where it does not
     void togglePopover(std::optional<QPoint> clickedAt);
 
-    /// Opens the popover unless it is open, for a user who started the program once more.
+    /// Opens the popover, or brings it to the front, for a user who started the program once more.
     void openPanel();
 
     /// Brings the settings window to the front in place of the popover.

@@ -11,6 +11,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <string>
 
 using namespace quorvel;
 using platform::FileManager;

@@ -6,6 +6,8 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 
+#include <algorithm>
+
 namespace test {
 
 namespace {
@@ -76,6 +78,12 @@ bool LiveSession::showsPrices() {
 
 bool LiveSession::isRegistered() const {
     return watcher_ && watcher_->registered().contains(quorvel_.itemService());
+}
+
+qsizetype LiveSession::requestCount(QStringView path) const {
+    return std::ranges::count_if(
+        simulator_.details(QStringLiteral("request")),
+        [&](const QJsonObject& request) { return request[u"target"].toString().startsWith(path); });
 }
 
 } // namespace test

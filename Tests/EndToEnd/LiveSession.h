@@ -48,6 +48,9 @@ protected:
     bool isRegistered() const;
     qsizetype connectionCount() const { return simulator_.connectionCount(); }
 
+    /// How many requests whose target begins with `path` the exchange has got.
+    qsizetype requestCount(QStringView path) const;
+
     /// The code of the last close frame that the exchange got from the program; absent without one.
     std::optional<int> closeCode() const { return simulator_.closeCode(); }
 

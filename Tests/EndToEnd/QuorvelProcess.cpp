@@ -77,7 +77,7 @@ void QuorvelProcess::start() {
     set("XDG_DATA_HOME", "data");
     set("XDG_CACHE_HOME", "cache");
     set("XDG_RUNTIME_DIR", "run");
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform_);
     process_.setProcessEnvironment(environment);
     process_.start(QStringLiteral(QUORVEL_EXECUTABLE), {});
     if (!process_.waitForStarted())

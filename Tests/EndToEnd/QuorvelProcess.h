@@ -47,7 +47,11 @@ public:
     QString watchlistPath() const;
     QString alertsPath() const;
 
-    /// Starts the program on the session bus that the environment names, without a display.
+    /// Shows it on the display that the environment names. Before `start`.
+    void useDisplay() { platform_ = QStringLiteral("xcb"); }
+
+    /// Starts the program on the session bus that the environment names, without a display unless
+    /// told to use one.
     void start();
 
     bool isRunning() const { return process_.state() != QProcess::NotRunning; }
@@ -78,6 +82,7 @@ private:
 
     std::shared_ptr<QTemporaryDir> directory_;
     QMap<QString, QString> preferences_;
+    QString platform_ = QStringLiteral("offscreen");
     QProcess process_;
 };
 

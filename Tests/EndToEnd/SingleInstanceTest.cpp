@@ -39,14 +39,17 @@ protected:
     QuorvelProcess second_{quorvel_.profile()};
 };
 
-TEST_F(SecondStart, CallsTheFirstAndEnds) {
+TEST_F(SecondStart, OpensThePanelOfTheFirstAndEnds) {
     start();
     const auto files = quorvel_.files();
     EXPECT_THAT(listeners(), testing::ElementsAre(quorvel_.processId()));
+    EXPECT_EQ(requestCount(u"/api/v3/klines"), 0);
     const auto [status, duration] = startAgain();
     EXPECT_EQ(status, 0);
     EXPECT_LT(duration, 1s);
     EXPECT_EQ(second_.messages(), "");
+    // What the panel does first, and what shows from outside.
+    EXPECT_TRUE(waitUntil([this] { return requestCount(u"/api/v3/klines") == 3; }));
     EXPECT_EQ(quorvel_.files(), files);
     EXPECT_TRUE(quorvel_.isRunning());
 }

@@ -12,12 +12,7 @@ protected:
     Sleep() { qputenv("DBUS_SYSTEM_BUS_ADDRESS", bus_.address().toLocal8Bit()); }
     ~Sleep() override { qunsetenv("DBUS_SYSTEM_BUS_ADDRESS"); }
 
-    qsizetype snapshotCount() const {
-        return std::ranges::count_if(
-            simulator_.details(QStringLiteral("request")), [](const QJsonObject& request) {
-                return request[u"target"].toString().startsWith(u"/api/v3/ticker/24hr");
-            });
-    }
+    qsizetype snapshotCount() const { return requestCount(u"/api/v3/ticker/24hr"); }
 
     test::FakeLoginManager loginManager_{bus_.connect()};
 };

@@ -1,0 +1,92 @@
+#include "Tests/EndToEnd/PanelDesktop.h"
+#include "Tests/Support/WaitUntil.h"
+
+#include <QJsonObject>
+
+#include <gmock/gmock.h>
+
+using testing::Contains;
+using testing::ElementsAre;
+
+namespace {
+
+constexpr char twoPairs[] =
+    R"([{"symbol":{"base":"BTC","quote":"USDT"},"isPinnedToStatusBar":true},)"
+    R"({"symbol":{"base":"ETH","quote":"USDT"},"isPinnedToStatusBar":false}])";
+
+class Panel : public test::PanelDesktop {
+protected:
+    void push(const char* symbol, const char* price, const char* change) const {
+        simulator_.control(QStringLiteral("push"),
+                           {{QStringLiteral("symbol"), QString::fromUtf8(symbol)},
+                            {QStringLiteral("price"), QString::fromUtf8(price)},
+                            {QStringLiteral("change"), QString::fromUtf8(change)}});
+    }
+
+    bool isSubscribed(const char* stream) const {
+        const auto sent = simulator_.details(QStringLiteral("text"));
+        return std::ranges::any_of(sent, [stream](const QJsonObject& detail) {
+            const QString text = detail[u"text"].toString();
+            return text.contains(u"SUBSCRIBE") && text.contains(QLatin1String(stream));
+        });
+    }
+
+    bool stores(const std::vector<std::string>& pairs) const {
+        const bool isStored = test::waitUntil([&] { return storedPairs() == pairs; });
+        EXPECT_EQ(storedPairs(), pairs);
+        return isStored;
+    }
+};
+
+TEST_F(Panel, OpensBesideItsItemAndShowsThePriceOfAPairThatIsAdded) {
+    push("BTCUSDT", "65432.10", "1.234");
+    push("ADAUSDT", "0.4321", "-2.5");
+    start(twoPairs);
+    openPopover();
+    const QRect shown = *popover();
+    EXPECT_LT(shown.top(), panelHeight + 10);
+    EXPECT_GE(shown.top() + 18, panelHeight) << "18 of it are shadow";
+    EXPECT_GT(shown.right(), screen.width() - 60);
+    type("ada");
+    ASSERT_TRUE(showsPart(QStringLiteral("push button|Add ADA|")));
+    press({QStringLiteral("Return")});
+    EXPECT_TRUE(test::waitUntil([this] { return isSubscribed("adausdt@ticker"); }));
+    EXPECT_TRUE(showsPart(QStringLiteral("list item|ADAUSDT, 0.4321, -2.50%|")));
+    push("ADAUSDT", "0.5", "3");
+    EXPECT_TRUE(showsPart(QStringLiteral("list item|ADAUSDT, 0.5, +3.00%|")));
+    const QStringList parts = accessibleParts();
+    for (const char* const part :
+         {"text|Search coins, e.g. BTC|", "list|Watchlist|",
+          "list item|BTCUSDT, 65,432.10, +1.23%|Pinned to menu bar", "push button|Remove BTC|",
+          "push button|Remove ADA|", "push button|Settings…|", "push button|Quit|"}) {
+        const auto isPart = [part](const QString& found) {
+            return found.startsWith(QString::fromUtf8(part));
+        };
+        EXPECT_TRUE(std::ranges::any_of(parts, isPart)) << part << "\n"
+                                                        << parts.join(u'\n').toStdString();
+    }
+}
+
+TEST_F(Panel, IsWalkedByKeysAlone) {
+    start(twoPairs);
+    openPopover();
+    type("xrp");
+    press({QStringLiteral("Return")});
+    ASSERT_TRUE(stores({"BTC*", "ETH", "XRP"}));
+    press({QStringLiteral("Down"), QStringLiteral("End"), QStringLiteral("alt+Up")});
+    ASSERT_TRUE(stores({"BTC*", "XRP", "ETH"}));
+    press({QStringLiteral("Menu"), QStringLiteral("Down"), QStringLiteral("Down"),
+           QStringLiteral("Down"), QStringLiteral("Return")});
+    ASSERT_TRUE(stores({"BTC*", "XRP*", "ETH"}));
+    press({QStringLiteral("Home"), QStringLiteral("Delete")});
+    ASSERT_TRUE(stores({"XRP*", "ETH"}));
+    const auto isShown = [] {
+        return accessibleParts().contains(QStringLiteral("list|Watchlist|"));
+    };
+    ASSERT_TRUE(isShown());
+    press({QStringLiteral("Escape")});
+    EXPECT_TRUE(test::waitUntil([&] { return !isShown(); }));
+    EXPECT_TRUE(quorvel_.isRunning());
+}
+
+} // namespace
