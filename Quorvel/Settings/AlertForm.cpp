@@ -150,6 +150,8 @@ void AlertForm::add() {
                          .isEnabled = true,
                          .lastTriggeredAt = std::nullopt});
     requests_.start(model_.notifications().requestAuthorizationIfNeeded());
+    // The button is about to be disabled, and would hand the keyboard to what lies below the form.
+    focusThreshold();
     threshold_->clear();
 }
 

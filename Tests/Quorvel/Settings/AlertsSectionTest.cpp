@@ -67,6 +67,7 @@ TEST_F(Alerts, AreAddedOnceTheFormIsComplete) {
 
     type(" 70000");
     click(add());
+    EXPECT_EQ(window_->focusWidget(), &threshold()) << "the next one can be typed";
     choose("Condition", "Loss exceeds");
     EXPECT_EQ(threshold().placeholderText(), QStringLiteral("Threshold (%)"));
     click(*button("Repeat"));
