@@ -27,7 +27,7 @@ RowMenu::RowMenu(const Symbol& symbol, std::size_t index, AppModel& model,
     setAttribute(Qt::WA_DeleteOnClose);
     setContentsMargins(0, verticalPadding, 0, verticalPadding);
     WatchlistStore& watchlist = model.watchlist();
-    const auto add = [this](const QString& text, auto action) {
+    const auto add = [this](const QString& text, const auto& action) {
         return addAction(literally(text), this, action);
     };
     add(localized("Quorvel", "Move Up"), [&watchlist, index] {
