@@ -30,9 +30,6 @@ constexpr std::array hosts{
     Host{u"mate-panel", TextHabit::drawsLabel},
     Host{u"notification-ar", TextHabit::drawsLabel},
     Host{u"waybar", TextHabit::drawsWideImage},
-    // Xfce keeps its tray in the panel or in a process that wraps it.
-    Host{u"xfce4-panel", TextHabit::drawsNone},
-    Host{u"wrapper-2.0", TextHabit::drawsNone},
     Host{u"lxqt-panel", TextHabit::drawsNone},
     // Plasma's watcher is not in its shell but in its service daemon.
     Host{u"kded5", TextHabit::drawsNone},
@@ -48,7 +45,18 @@ constexpr std::array<std::pair<QStringView, TextHabit>, 3> desktops{{
     {u"XFCE", TextHabit::drawsNone},
 }};
 
+/// Xfce keeps its tray in the panel, or in a process of its own by the name of a place in the panel
+/// and a plugin, e.g. `panel-3-systray`.
+bool isXfce(QStringView process) {
+    constexpr QStringView place = u"panel-";
+    return process == u"xfce4-panel" ||
+           (process.size() > place.size() && process.startsWith(place) &&
+            process[place.size()].isDigit());
+}
+
 TextHabit habitOf(const StatusItemDesktop& desktop) {
+    if (isXfce(desktop.watcherProcess))
+        return TextHabit::drawsNone;
     const auto host = std::ranges::find(hosts, desktop.watcherProcess, &Host::process);
     if (host != hosts.end())
         return host->habit;
@@ -66,10 +74,9 @@ TextHabit habitOf(const StatusItemDesktop& desktop) {
 /// Trays that give a docked window the width it asks for. Others crop it to a square, and most
 /// trays are others.
 bool givesWidth(const StatusItemDesktop& desktop) {
-    static constexpr std::array<QStringView, 4> processes{u"xfce4-panel", u"wrapper-2.0",
-                                                          u"mate-panel", u"notification-ar"};
-    return desktop.isX11 && desktop.hasTray && desktop.isTrayHorizontal &&
-           std::ranges::find(processes, desktop.trayProcess) != processes.end();
+    const bool isKnown = isXfce(desktop.trayProcess) || desktop.trayProcess == u"mate-panel" ||
+                         desktop.trayProcess == u"notification-ar";
+    return desktop.isX11 && desktop.hasTray && desktop.isTrayHorizontal && isKnown;
 }
 
 /// Whether the item can be seen at all when presented so.
@@ -101,11 +108,10 @@ Kind fitting(const StatusItemDesktop& desktop) {
 } // namespace
 
 std::optional<Kind> statusItemPresentationKind(QStringView name) {
-    static constexpr std::array<std::pair<QStringView, Kind>, 4> kinds{
-        {{u"label", Kind::label},
-         {u"image", Kind::image},
-         {u"dock", Kind::dock},
-         {u"strip", Kind::strip}}};
+    static constexpr std::array<std::pair<QStringView, Kind>, 4> kinds{{{u"label", Kind::label},
+                                                                        {u"image", Kind::image},
+                                                                        {u"dock", Kind::dock},
+                                                                        {u"strip", Kind::strip}}};
     const auto found = std::ranges::find(kinds, name, &std::pair<QStringView, Kind>::first);
     return found == kinds.end() ? std::nullopt : std::optional(found->second);
 }
