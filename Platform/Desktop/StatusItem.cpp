@@ -86,6 +86,9 @@ void StatusItem::show() {
 void StatusItem::chooseSoon() {
     constexpr auto strip = StatusItemPresentationKind::strip;
     const auto kind = StatusItemPresentationChoice::of(options_.presentation, desktop_.desktop());
+    // A panel that has gone may come back, and to be ready for another kind would help nobody.
+    if (kind_ && kind != strip && !desktop_.desktop().hasWatcher && !desktop_.desktop().hasTray)
+        return;
     if (kind != strip || kind_ == strip || options_.presentation == strip) {
         patience_.reset();
         present(kind);

@@ -46,4 +46,17 @@ TEST_F(StatusNotifierWideImage, ChangesWithTheTextOnceASecond) {
     EXPECT_LT(pixmaps()[0].width, before[0].width);
 }
 
+TEST_F(StatusNotifierWideImage, IsWhatComesBackWithThePanel) {
+    const QString before = service_;
+    watcher_.reset();
+    item_->setTitle(title(QStringLiteral("BTC 2.00")));
+    clock_.advance(1s);
+    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
+    waitForRegistrations(1);
+    EXPECT_EQ(service_, before);
+    EXPECT_EQ(pixmaps().size(), 2);
+    EXPECT_FALSE(properties().contains(QStringLiteral("XAyatanaLabel")));
+    EXPECT_EQ(watcher_->registered().size(), 1);
+}
+
 } // namespace
