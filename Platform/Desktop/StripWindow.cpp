@@ -90,9 +90,13 @@ QScreen& StripWindow::currentScreen() const {
     return screen_ ? *screen_ : *QGuiApplication::primaryScreen();
 }
 
-void StripWindow::place() {
+QRect StripWindow::room() const {
     constexpr QMargins margin(distance, distance, distance, distance);
-    move(position_.corner(size(), currentScreen().availableGeometry() - margin));
+    return currentScreen().availableGeometry() - margin;
+}
+
+void StripWindow::place() {
+    move(position_.corner(size(), room()));
 }
 
 void StripWindow::contentResized(QSize size) {
@@ -135,8 +139,7 @@ void StripWindow::mouseMoveEvent(QMouseEvent* event) {
 void StripWindow::dragTo(QPoint pointer) {
     if (QScreen* const below = QGuiApplication::screenAt(pointer))
         screen_ = below;
-    position_ = StripPosition::nearest(QRect(pointer - *pressedAt_, size()),
-                                       currentScreen().availableGeometry());
+    position_ = StripPosition::nearest(QRect(pointer - *pressedAt_, size()), room());
     place();
 }
 

@@ -41,6 +41,7 @@ private:
     void place();
     void dragTo(QPoint pointer);
     QScreen& currentScreen() const;
+    QRect room() const; ///< where on the screen it may be
 
     StripPosition position_;
     QPointer<QScreen> screen_;        ///< where it was dragged to; none: the primary one
