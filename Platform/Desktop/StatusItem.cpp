@@ -120,7 +120,7 @@ StatusItem::makePresentation(StatusItemPresentationKind kind) {
     case StatusItemPresentationKind::dock:
         return std::make_unique<DockItem>(tray_, appearance_);
     case StatusItemPresentationKind::strip: {
-        auto strip = std::make_unique<StripItem>(identity_, bus_, options_.stripPosition);
+        auto strip = std::make_unique<StripItem>(identity_, bus_, desktop_, options_.stripPosition);
         connect(strip.get(), &StripItem::moved, this, [this](StripPosition position) {
             options_.stripPosition = position;
             Q_EMIT stripMoved(position);

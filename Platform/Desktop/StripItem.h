@@ -1,12 +1,16 @@
 #pragma once
 
 #include "Platform/Desktop/FullScreenWatch.h"
+#include "Platform/Desktop/StatusItemDesktopObserver.h"
 #include "Platform/Desktop/StatusItemIdentity.h"
 #include "Platform/Desktop/StatusItemPresentation.h"
 #include "Platform/Desktop/StatusNotifierItem.h"
 #include "Platform/Desktop/StripWindow.h"
 
 #include <QDBusConnection>
+
+#include <memory>
+#include <optional>
 
 namespace platform {
 
@@ -16,8 +20,10 @@ class StripItem final : public StatusItemPresentation {
     Q_OBJECT
 
 public:
-    StripItem(const StatusItemIdentity& identity, const QDBusConnection& bus,
-              StripPosition position, QObject* parent = nullptr);
+    /// @param desktop must outlive the item
+    StripItem(StatusItemIdentity identity, const QDBusConnection& bus,
+              const StatusItemDesktopObserver& desktop, StripPosition position,
+              QObject* parent = nullptr);
 
     void show(const StatusItemContent& content) override;
     std::optional<QRect> frame() const override;
@@ -28,10 +34,15 @@ Q_SIGNALS:
 
 private:
     void showUnlessCovered();
+    void showIcon();
 
+    StatusItemIdentity identity_;
+    QDBusConnection bus_;
+    const StatusItemDesktopObserver& desktop_;
+    std::optional<StatusItemContent> content_;
     FullScreenWatch fullScreen_;
     StripWindow window_;
-    StatusNotifierItem icon_;
+    std::unique_ptr<StatusNotifierItem> icon_; ///< none without a watcher
 };
 
 } // namespace platform
