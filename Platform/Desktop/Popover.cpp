@@ -1,8 +1,10 @@
 #include "Platform/Desktop/Popover.h"
 
 #include "Platform/Desktop/Compositing.h"
+#include "Platform/Desktop/DevicePixels.h"
 #include "Platform/Desktop/PopoverPlacement.h"
 #include "Platform/Desktop/SystemColors.h"
+#include "Platform/Desktop/WindowManagers.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -23,17 +25,6 @@ QScreen* screenOf(QPoint point) {
 
 ScreenArea areaOf(const QScreen& screen) {
     return {screen.geometry(), screen.availableGeometry()};
-}
-
-/// A point in the display's own pixels as Qt counts them: per screen, scaled from its corner.
-std::optional<QPoint> fromDevicePixels(QPoint point) {
-    for (const QScreen* const screen : QGuiApplication::screens()) {
-        const QRect logical = screen->geometry();
-        const double scale = screen->devicePixelRatio();
-        if (QRect(logical.topLeft(), logical.size() * scale).contains(point))
-            return logical.topLeft() + (point - logical.topLeft()) / scale;
-    }
-    return std::nullopt;
 }
 
 bool isPlausible(QPoint point) {
@@ -64,7 +55,7 @@ void Popover::setContent(QWidget* content) {
 QPoint Popover::anchor(std::optional<QPoint> reported) {
     // The pointer is on what was clicked, unless the click was a key press.
     const QPoint pointer = QCursor::pos();
-    if (isPlausible(pointer))
+    if (isPointerKnown() && isPlausible(pointer))
         return pointer;
     if (reported && !reported->isNull()) {
         const auto point = fromDevicePixels(*reported);
@@ -75,8 +66,19 @@ QPoint Popover::anchor(std::optional<QPoint> reported) {
 }
 
 void Popover::showBeside(QPoint anchor) {
-    dismissedAt_.reset();
     anchor_ = anchor;
+    item_.reset();
+    showPlaced();
+}
+
+void Popover::showBeside(const QRect& item) {
+    anchor_ = item.center();
+    item_ = item;
+    showPlaced();
+}
+
+void Popover::showPlaced() {
+    dismissedAt_.reset();
     adoptCompositing();
     layout()->activate();
     place();
@@ -101,7 +103,8 @@ void Popover::place() {
     const QSize room =
         screen.available.size() - 2 * QSize(PopoverPlacement::gap, PopoverPlacement::gap);
     const QSize card = (sizeHint().shrunkBy(margins)).boundedTo(room);
-    const QPoint corner = PopoverPlacement::position(anchor_, card, screen);
+    const QPoint corner = item_ ? PopoverPlacement::position(*item_, card, screen)
+                                : PopoverPlacement::position(anchor_, card, screen);
     setGeometry(QRect(corner, card).marginsAdded(margins));
 }
 
