@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/PlainButton.h"
+#include "Platform/Controls/PlainButton.h"
 
 namespace quorvel {
 

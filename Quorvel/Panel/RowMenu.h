@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/PopupMenu.h"
+#include "Platform/Controls/PopupMenu.h"
 #include "Quorvel/Model/AppModel.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/TextField.h"
+#include "Platform/Controls/TextField.h"
 #include "Quorvel/Model/AppModel.h"
 
 namespace quorvel {

@@ -1,6 +1,6 @@
 #include "Quorvel/Panel/SearchResults.h"
 
-#include "Platform/Desktop/Divider.h"
+#include "Platform/Controls/Divider.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Panel/SearchResultButton.h"
 #include "QuorvelKit/MarketData/SymbolSearch.h"

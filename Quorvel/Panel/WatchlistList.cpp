@@ -1,6 +1,6 @@
 #include "Quorvel/Panel/WatchlistList.h"
 
-#include "Platform/Desktop/OverlayScrollBar.h"
+#include "Platform/Controls/OverlayScrollBar.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>

@@ -1,7 +1,7 @@
 #include "Quorvel/Panel/WatchlistPanel.h"
 
-#include "Platform/Desktop/Divider.h"
-#include "Platform/Desktop/PlainButton.h"
+#include "Platform/Controls/Divider.h"
+#include "Platform/Controls/PlainButton.h"
 #include "Platform/Desktop/SystemFonts.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Panel/AccessibleWatchlistRow.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/MessageLine.h"
+#include "Platform/Controls/MessageLine.h"
 #include "Quorvel/Model/AppModel.h"
 #include "Quorvel/Panel/SearchField.h"
 #include "Quorvel/Panel/SearchResults.h"

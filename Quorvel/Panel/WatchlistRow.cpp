@@ -1,6 +1,6 @@
 #include "Quorvel/Panel/WatchlistRow.h"
 
-#include "Platform/Desktop/ControlMarks.h"
+#include "Platform/Controls/ControlMarks.h"
 #include "Platform/Desktop/SystemColors.h"
 #include "Platform/Desktop/SystemFonts.h"
 #include "Platform/Foundation/StringTable.h"

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Platform/Async/TaskScope.h"
-#include "Platform/Desktop/CheckBox.h"
-#include "Platform/Desktop/Picker.h"
-#include "Platform/Desktop/PushButton.h"
-#include "Platform/Desktop/TextField.h"
+#include "Platform/Controls/CheckBox.h"
+#include "Platform/Controls/Picker.h"
+#include "Platform/Controls/PushButton.h"
+#include "Platform/Controls/TextField.h"
 #include "Quorvel/Model/AppModel.h"
 #include "QuorvelKit/MarketModel/Decimal.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Platform/Desktop/PlainButton.h"
-#include "Platform/Desktop/Switch.h"
-#include "Platform/Desktop/TextLine.h"
+#include "Platform/Controls/PlainButton.h"
+#include "Platform/Controls/Switch.h"
+#include "Platform/Controls/TextLine.h"
 #include "QuorvelKit/Alerts/AlertStore.h"
 
 #include <QWidget>

@@ -1,7 +1,7 @@
 #include "Quorvel/Settings/AppearanceSection.h"
 
-#include "Platform/Desktop/ControlMarks.h"
-#include "Platform/Desktop/RadioGroup.h"
+#include "Platform/Controls/ControlMarks.h"
+#include "Platform/Controls/RadioGroup.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormRow.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Desktop/Reveal.h"
-#include "Platform/Desktop/TextLine.h"
+#include "Platform/Controls/Reveal.h"
+#include "Platform/Controls/TextLine.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
 #include "Quorvel/Settings/FormSection.h"
 
+#include "Platform/Controls/TextLine.h"
 #include "Platform/Desktop/AccessibleRole.h"
 #include "Platform/Desktop/SystemFonts.h"
-#include "Platform/Desktop/TextLine.h"
 
 #include <QVBoxLayout>
 

@@ -1,8 +1,8 @@
 #include "Quorvel/Settings/GeneralSection.h"
 
-#include "Platform/Desktop/PushButton.h"
-#include "Platform/Desktop/Reveal.h"
-#include "Platform/Desktop/Switch.h"
+#include "Platform/Controls/PushButton.h"
+#include "Platform/Controls/Reveal.h"
+#include "Platform/Controls/Switch.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormRow.h"

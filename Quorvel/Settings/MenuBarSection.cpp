@@ -1,9 +1,9 @@
 #include "Quorvel/Settings/MenuBarSection.h"
 
-#include "Platform/Desktop/MessageLine.h"
-#include "Platform/Desktop/Reveal.h"
-#include "Platform/Desktop/Stepper.h"
-#include "Platform/Desktop/Switch.h"
+#include "Platform/Controls/MessageLine.h"
+#include "Platform/Controls/Reveal.h"
+#include "Platform/Controls/Stepper.h"
+#include "Platform/Controls/Switch.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormFonts.h"

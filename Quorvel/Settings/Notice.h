@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Desktop/MessageLine.h"
-#include "Platform/Desktop/Reveal.h"
+#include "Platform/Controls/MessageLine.h"
+#include "Platform/Controls/Reveal.h"
 
 #include <QWidget>
 

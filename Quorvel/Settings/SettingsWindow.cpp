@@ -1,6 +1,6 @@
 #include "Quorvel/Settings/SettingsWindow.h"
 
-#include "Platform/Desktop/OverlayScrollBar.h"
+#include "Platform/Controls/OverlayScrollBar.h"
 #include "Platform/Desktop/SystemColors.h"
 #include "Quorvel/Settings/AlertsSection.h"
 #include "Quorvel/Settings/AppearanceSection.h"

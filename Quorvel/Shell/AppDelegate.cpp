@@ -1,7 +1,7 @@
 #include "Quorvel/Shell/AppDelegate.h"
 
-#include "Platform/Desktop/StatusItemIconFile.h"
 #include "Platform/Foundation/StringTable.h"
+#include "Platform/StatusBar/StatusItemIconFile.h"
 #include "Quorvel/Settings/SettingsWindow.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/StatusItemImage.h"
+#include "Platform/StatusBar/StatusItemImage.h"
 
 namespace quorvel {
 

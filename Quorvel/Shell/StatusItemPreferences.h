@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Desktop/StatusItemOptions.h"
 #include "Platform/Foundation/UserDefaults.h"
+#include "Platform/StatusBar/StatusItemOptions.h"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/MenuEntry.h"
+#include "Platform/StatusBar/MenuEntry.h"
 
 #include <vector>
 

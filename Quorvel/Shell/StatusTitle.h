@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/AttributedTitle.h"
+#include "Platform/StatusBar/AttributedTitle.h"
 #include "QuorvelKit/StatusBar/StatusBarSegment.h"
 #include "QuorvelKit/Stores/DisplaySettings.h"
 

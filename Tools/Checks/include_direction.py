@@ -15,6 +15,9 @@ ALLOWED = {
     "Platform/Async": ["Platform/Foundation"],
     "Platform/Services": ["Platform/Async", "Platform/Foundation"],
     "Platform/Desktop": ["Platform/Async", "Platform/Foundation", "Platform/Services"],
+    "Platform/Controls": ["Platform/Foundation", "Platform/Desktop"],
+    "Platform/StatusBar": ["Platform/Async", "Platform/Foundation", "Platform/Services",
+                           "Platform/Desktop", "Platform/Controls"],
     "QuorvelKit/MarketModel": ["Platform"],
     "QuorvelKit/MarketData": ["Platform", "QuorvelKit/MarketModel"],
     "QuorvelKit/Stores": ["Platform", "QuorvelKit/MarketModel"],
@@ -28,7 +31,7 @@ ALLOWED = {
 }
 
 # Exceptions to what the lists above allow: the kit knows no screen.
-FORBIDDEN = {"QuorvelKit": ["Platform/Desktop"]}
+FORBIDDEN = {"QuorvelKit": ["Platform/Desktop", "Platform/Controls", "Platform/StatusBar"]}
 
 MODULES = ("Platform/", "QuorvelKit/", "Quorvel/")
 PRODUCT_FOREIGN = ("Tests/", "Tools/", "Benchmarks/")

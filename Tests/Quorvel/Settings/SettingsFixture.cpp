@@ -1,6 +1,6 @@
 #include "Tests/Quorvel/Settings/SettingsFixture.h"
 
-#include "Platform/Desktop/Reveal.h"
+#include "Platform/Controls/Reveal.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Desktop/Picker.h"
+#include "Platform/Controls/Picker.h"
 #include "Quorvel/Settings/SettingsWindow.h"
 #include "Tests/Quorvel/Model/ModelFixture.h"
 

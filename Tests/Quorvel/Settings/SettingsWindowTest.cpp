@@ -1,8 +1,8 @@
 #include "Quorvel/Settings/SettingsWindow.h"
 
-#include "Platform/Desktop/RadioButton.h"
-#include "Platform/Desktop/Stepper.h"
-#include "Platform/Desktop/Switch.h"
+#include "Platform/Controls/RadioButton.h"
+#include "Platform/Controls/Stepper.h"
+#include "Platform/Controls/Switch.h"
 #include "Platform/Foundation/InstalledTables.h"
 #include "Tests/Quorvel/Settings/SettingsFixture.h"
 

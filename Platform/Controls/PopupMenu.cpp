@@ -1,0 +1,13 @@
+#include "Platform/Controls/PopupMenu.h"
+
+#include "Platform/Desktop/Compositing.h"
+
+namespace platform {
+
+PopupMenu::PopupMenu(QWidget* parent) : QMenu(parent) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground, isDisplayComposited());
+    setStyle(&style_);
+}
+
+} // namespace platform

@@ -1,0 +1,37 @@
+#include "Platform/Controls/TextField.h"
+
+#include "Platform/Controls/ControlMarks.h"
+#include "Platform/Desktop/SystemColors.h"
+
+#include <QPainter>
+
+namespace platform {
+
+namespace {
+
+constexpr int textInset = 6; // and the two points that a line edit adds
+
+} // namespace
+
+TextField::TextField(QWidget* parent) : QLineEdit(parent) {
+    setFrame(false);
+    setTextMargins(textInset, 0, textInset, 0);
+    setFixedHeight(preferredHeight);
+    // The background is painted below, rounded.
+    QPalette transparent;
+    transparent.setColor(QPalette::Base, Qt::transparent);
+    setPalette(transparent);
+}
+
+void TextField::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        const auto colors = SystemColors::of(palette());
+        ControlMarks::paintFill(painter, rect(), colors.field);
+        if (hasFocus())
+            ControlMarks::paintFocus(painter, rect(), colors.accent);
+    }
+    QLineEdit::paintEvent(event);
+}
+
+} // namespace platform

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "Platform/Desktop/SystemAppearance.h"
+#include "Platform/Foundation/Clock.h"
+#include "Platform/StatusBar/StatusItemContent.h"
+#include "Platform/StatusBar/StatusItemDesktopObserver.h"
+#include "Platform/StatusBar/StatusItemIdentity.h"
+#include "Platform/StatusBar/StatusItemOptions.h"
+#include "Platform/StatusBar/SystemTray.h"
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace platform {
+
+class StatusItemPresentation;
+
+/// The program's item in the status bar: an image, a title, a tooltip and a menu. How it is shown
+/// depends on the desktop, and changes when that does.
+///
+/// Setters only note what is wanted. What was set in one turn of the event loop goes out together
+/// in the next, so that panels, which ask for everything again at each change, ask once. Setting an
+/// equal value does nothing. Lives on the GUI thread.
+class StatusItem final : public QObject {
+    Q_OBJECT
+
+public:
+    /// How soon a change has to be seen.
+    enum class Urgency {
+        /// With the next change that is due; at most one a second goes out, and only the latest.
+        routine,
+        /// At once, as befits the answer to something the user did.
+        immediate,
+    };
+
+    /// The least time between two routine changes.
+    static constexpr std::chrono::seconds routineInterval{1};
+
+    /// How long a desktop that seems to need a strip has to come up with something better before it
+    /// gets one: panels may start later than the program, in several steps, and start anew.
+    static constexpr std::chrono::seconds panelPatience{2};
+
+    /// The item appears once the desktop is known, or when a panel comes up, with what has been set
+    /// until then.
+    ///
+    /// @param clock must outlive the item
+    /// @param bus   the session bus; a connection carries one item
+    StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusConnection& bus,
+               StatusItemOptions options = {}, QObject* parent = nullptr);
+    ~StatusItem() override;
+
+    /// Goes out at once.
+    void setImage(StatusItemImage image);
+
+    /// A title without text is shown as no title at all.
+    void setTitle(AttributedTitle title, Urgency urgency = Urgency::routine);
+
+    /// One line of plain text.
+    void setToolTip(QString toolTip, Urgency urgency = Urgency::routine);
+
+    /// Goes out at once. The ids of entries that are no separators must differ.
+    void setMenu(std::vector<MenuEntry> entries);
+
+    /// Where the item is on the screen, in global device-independent coordinates. Absent where it
+    /// is a panel's, which does not tell.
+    std::optional<QRect> frame() const;
+
+Q_SIGNALS:
+    /// The user clicked the item in a panel. `point` is in global coordinates as the panel gave
+    /// them; not every panel gives true ones.
+    void activated(QPoint point);
+
+    /// The user clicked the item where it has a `frame`.
+    void clicked();
+
+    /// The user chose the menu entry with this `id`.
+    void menuTriggered(int id);
+
+    /// The user dragged the item's strip there.
+    void stripMoved(StripPosition position);
+
+private:
+    template <typename Value>
+    void set(Value& field, Value value, Urgency urgency);
+    void schedule(Urgency urgency);
+    void show();
+    void chooseSoon();
+    void present(StatusItemPresentationKind kind);
+    std::unique_ptr<StatusItemPresentation> makePresentation(StatusItemPresentationKind kind);
+
+    StatusItemIdentity identity_;
+    Clock& clock_;
+    QDBusConnection bus_;
+    StatusItemOptions options_;
+    SystemAppearance appearance_;
+    SystemTray tray_;
+    StatusItemDesktopObserver desktop_;
+    std::optional<StatusItemPresentationKind> kind_; ///< of `presentation_`
+    std::unique_ptr<StatusItemPresentation> presentation_;
+    StatusItemContent content_;
+    std::optional<StatusItemContent> shown_;
+    std::optional<std::chrono::nanoseconds> shownAt_;
+    /// Uptime at which `timer_` falls due; absent when it does not run.
+    std::optional<std::chrono::nanoseconds> dueAt_;
+    std::unique_ptr<ClockTimer> timer_;
+    std::unique_ptr<ClockTimer> patience_;
+};
+
+} // namespace platform
