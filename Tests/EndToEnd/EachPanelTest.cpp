@@ -1,0 +1,107 @@
+#include "Tests/EndToEnd/ItemPictures.h"
+#include "Tests/EndToEnd/PanelDesktop.h"
+#include "Tests/Support/WaitUntil.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+
+using namespace std::chrono_literals;
+using test::PanelKind;
+
+namespace {
+
+class EachPanel : public test::PanelDesktop, public testing::WithParamInterface<PanelKind (*)()> {
+protected:
+    EachPanel() : PanelDesktop(GetParam()()) {
+        quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
+    }
+
+    QImage picture() const { return desktop_.picture(panelArea); }
+
+    /// The panel once nothing has changed on it for that long.
+    QImage stillPicture(std::chrono::milliseconds length) const {
+        QImage still = picture();
+        QElapsedTimer since;
+        since.start();
+        test::waitUntil([&] {
+            if (const QImage now = picture(); now != still) {
+                still = now;
+                since.start();
+            }
+            return since.hasExpired(length.count());
+        });
+        return still;
+    }
+
+    /// The panel once it shows another price than in `before`.
+    QImage pictureAfter(const QImage& before, const char* price, const char* change) const {
+        push("BTCUSDT", price, change);
+        test::waitUntil([&] { return picture() != before; }, 2s);
+        return stillPicture(100ms);
+    }
+
+    test::ItemPictures pictures() const {
+        test::ItemPictures taken;
+        push("BTCUSDT", "65432.10", "1.234");
+        taken.first = stillPicture(1200ms); // prices change once a second
+        taken.thousands = pictureAfter(taken.first, "75432.10", "1.234");
+        taken.cents = pictureAfter(taken.thousands, "75432.11", "1.234");
+        taken.down = pictureAfter(taken.cents, "75432.11", "-1.234");
+        return taken;
+    }
+
+    /// The pictures once nothing is wrong with them, or after that time.
+    test::ItemPictures readablePictures() const {
+        test::ItemPictures taken;
+        std::string faults;
+        test::waitUntil(
+            [&] {
+                taken = pictures();
+                faults = taken.faults(kind_.drawsColors);
+                return faults.empty();
+            },
+            20s);
+        save(taken.cents);
+        EXPECT_EQ(faults, "");
+        return taken;
+    }
+
+    void save(const QImage& image) const {
+        const QString folder = QStringLiteral(QUORVEL_PANEL_PICTURES);
+        QDir().mkpath(folder);
+        EXPECT_TRUE(
+            image.save(folder + u'/' + QString::fromLatin1(kind_.name) + QStringLiteral(".png")));
+    }
+};
+
+TEST_P(EachPanel, ShowsTheItemOfAProgramThatWasThereBefore) {
+    startProgram(R"([{"symbol":{"base":"BTC","quote":"USDT"},"isPinnedToStatusBar":true}])");
+    startPanel();
+    const QPoint item = readablePictures().lastFigure().center();
+    ASSERT_FALSE(HasFailure());
+    openPopover(item);
+    const QRect shown = popover().value_or(QRect());
+    EXPECT_TRUE(QRect(QPoint(), screen).contains(shown));
+    if (!kind_.isOnWayland) { // where compositors place windows
+        EXPECT_GE(shown.top(), item.y());
+        EXPECT_LT(shown.top(), item.y() + panelHeight);
+        EXPECT_TRUE(shown.left() < item.x() && item.x() < shown.right());
+    }
+    desktop_.press({QStringLiteral("Escape")});
+    EXPECT_TRUE(test::waitUntil([] { return !showsWatchlist(); }));
+    desktop_.movePointer(QRect(QPoint(), screen).center());
+    if (kind_.commands.empty())
+        return;
+
+    killPanel();
+    ASSERT_TRUE(test::waitUntil([this] { return !showsPanel(); }));
+    startPanel();
+    readablePictures();
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktop, EachPanel,
+                         testing::Values(&PanelKind::mate, &PanelKind::xfce, &PanelKind::waybar,
+                                         &PanelKind::none),
+                         [](const auto& info) { return info.param().name; });
+
+} // namespace
