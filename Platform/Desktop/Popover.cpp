@@ -75,8 +75,19 @@ QPoint Popover::anchor(std::optional<QPoint> reported) {
 }
 
 void Popover::showBeside(QPoint anchor) {
-    dismissedAt_.reset();
     anchor_ = anchor;
+    item_.reset();
+    showPlaced();
+}
+
+void Popover::showBeside(const QRect& item) {
+    anchor_ = item.center();
+    item_ = item;
+    showPlaced();
+}
+
+void Popover::showPlaced() {
+    dismissedAt_.reset();
     adoptCompositing();
     layout()->activate();
     place();
@@ -101,7 +112,8 @@ void Popover::place() {
     const QSize room =
         screen.available.size() - 2 * QSize(PopoverPlacement::gap, PopoverPlacement::gap);
     const QSize card = (sizeHint().shrunkBy(margins)).boundedTo(room);
-    const QPoint corner = PopoverPlacement::position(anchor_, card, screen);
+    const QPoint corner = item_ ? PopoverPlacement::position(*item_, card, screen)
+                                : PopoverPlacement::position(anchor_, card, screen);
     setGeometry(QRect(corner, card).marginsAdded(margins));
 }
 

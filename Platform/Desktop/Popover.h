@@ -32,6 +32,9 @@ public:
     /// Shows the popover for a click at `anchor`, in global coordinates, and asks for the keyboard.
     void showBeside(QPoint anchor);
 
+    /// The same for a status item whose place is known, in global coordinates.
+    void showBeside(const QRect& item);
+
     /// Whether it closed because the user turned away, within the last `dismissalGrace`.
     bool wasJustDismissed() const;
 
@@ -53,6 +56,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void showPlaced();
     void adoptCompositing();
     void place();
     void dismissUnlessActive();
@@ -63,6 +67,7 @@ private:
     bool isComposited_ = true;
     bool isClosing_ = false;
     QPoint anchor_;
+    std::optional<QRect> item_; ///< in place of `anchor_`
     std::optional<std::chrono::nanoseconds> dismissedAt_; ///< uptime
 };
 

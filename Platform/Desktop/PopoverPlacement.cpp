@@ -45,7 +45,32 @@ int within(int value, int low, int high) {
     return std::max(low, std::min(value, high));
 }
 
+QPoint clamped(QPoint corner, QSize popover, const QRect& room) {
+    return {within(corner.x(), room.left(), room.right() + 1 - popover.width()),
+            within(corner.y(), room.top(), room.bottom() + 1 - popover.height())};
+}
+
 } // namespace
+
+QPoint PopoverPlacement::position(const QRect& item, QSize popover, const ScreenArea& screen) {
+    const QRect beside = item.adjusted(-gap, -gap, gap, gap);
+    QPoint corner = item.center() - QPoint(popover.width() / 2, popover.height() / 2);
+    switch (edgeOf(item.center(), screen)) {
+    case Edge::top:
+        corner.setY(beside.bottom() + 1);
+        break;
+    case Edge::bottom:
+        corner.setY(beside.top() - popover.height());
+        break;
+    case Edge::left:
+        corner.setX(beside.right() + 1);
+        break;
+    case Edge::right:
+        corner.setX(beside.left() - popover.width());
+        break;
+    }
+    return clamped(corner, popover, screen.available.adjusted(gap, gap, -gap, -gap));
+}
 
 QPoint PopoverPlacement::position(QPoint anchor, QSize popover, const ScreenArea& screen) {
     const QRect room = screen.available.adjusted(gap, gap, -gap, -gap);
@@ -66,8 +91,7 @@ QPoint PopoverPlacement::position(QPoint anchor, QSize popover, const ScreenArea
         corner.setX((hasPanel ? room.right() + 1 : anchor.x() - gap) - popover.width());
         break;
     }
-    return {within(corner.x(), room.left(), room.right() + 1 - popover.width()),
-            within(corner.y(), room.top(), room.bottom() + 1 - popover.height())};
+    return clamped(corner, popover, room);
 }
 
 bool PopoverPlacement::isAtEdge(QPoint point, const ScreenArea& screen) {

@@ -27,6 +27,10 @@ struct PopoverPlacement {
     /// in it.
     static QPoint position(QPoint anchor, QSize popover, const ScreenArea& screen);
 
+    /// The same for one that belongs to an item whose place is known, and which it does not cover
+    /// where there is room: it hangs on the item's side that is turned away from the edge.
+    static QPoint position(const QRect& item, QSize popover, const ScreenArea& screen);
+
     /// Whether a click there may well have been one on a panel: outside of the available area, or
     /// close to the screen's edge.
     static bool isAtEdge(QPoint point, const ScreenArea& screen);

@@ -1,6 +1,11 @@
 #include "Platform/Desktop/StatusItem.h"
 
+#include "Platform/Desktop/DockItem.h"
+#include "Platform/Desktop/StatusItemPresentationChoice.h"
+#include "Platform/Desktop/StatusNotifierIcon.h"
 #include "Platform/Desktop/StatusNotifierItem.h"
+#include "Platform/Desktop/StatusNotifierWideImage.h"
+#include "Platform/Desktop/StripItem.h"
 
 #include <QDBusConnection>
 
@@ -10,13 +15,19 @@
 namespace platform {
 
 StatusItem::StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusConnection& bus,
-                       QObject* parent)
+                       StatusItemOptions options, QObject* parent)
     : QObject(parent),
+      identity_(std::move(identity)),
       clock_(clock),
-      presentation_(std::make_unique<StatusNotifierItem>(std::move(identity), bus)) {
-    connect(presentation_.get(), &StatusItemPresentation::activated, this, &StatusItem::activated);
-    connect(presentation_.get(), &StatusItemPresentation::menuTriggered, this,
-            &StatusItem::menuTriggered);
+      bus_(bus),
+      options_(options),
+      appearance_(bus),
+      desktop_(bus, tray_) {
+    connect(&desktop_, &StatusItemDesktopObserver::changed, this, &StatusItem::chooseSoon);
+    connect(&appearance_, &SystemAppearance::preferredChanged, this, [this] {
+        if (presentation_ && shown_)
+            presentation_->show(*shown_);
+    });
     schedule(Urgency::immediate);
 }
 
@@ -68,7 +79,60 @@ void StatusItem::show() {
         return;
     shown_ = content_;
     shownAt_ = clock_.uptime();
-    presentation_->show(content_);
+    if (presentation_)
+        presentation_->show(content_);
+}
+
+void StatusItem::chooseSoon() {
+    const StatusItemDesktop& desktop = desktop_.desktop();
+    if (desktop.hasWatcher || desktop.hasTray || !desktop.isX11) {
+        patience_.reset();
+        choose();
+    } else if (!patience_) {
+        patience_ = clock_.startTimer(panelPatience, [this] { choose(); });
+    }
+}
+
+void StatusItem::choose() {
+    const auto kind = StatusItemPresentationChoice::of(options_.presentation, desktop_.desktop());
+    if (std::exchange(kind_, kind) == kind)
+        return;
+    // One goes before the other comes: both would be known by the same path on the bus.
+    presentation_.reset();
+    presentation_ = makePresentation();
+    connect(presentation_.get(), &StatusItemPresentation::activated, this, &StatusItem::activated);
+    connect(presentation_.get(), &StatusItemPresentation::clicked, this, &StatusItem::clicked);
+    connect(presentation_.get(), &StatusItemPresentation::menuTriggered, this,
+            &StatusItem::menuTriggered);
+    if (shown_)
+        presentation_->show(*shown_);
+}
+
+std::unique_ptr<StatusItemPresentation> StatusItem::makePresentation() {
+    switch (*kind_) {
+    case StatusItemPresentationKind::image:
+        return std::make_unique<StatusNotifierItem>(
+            identity_, std::make_unique<StatusNotifierWideImage>(appearance_), bus_);
+    case StatusItemPresentationKind::dock:
+        return std::make_unique<DockItem>(tray_, appearance_);
+    case StatusItemPresentationKind::strip: {
+        auto strip = std::make_unique<StripItem>(identity_, bus_, options_.stripPosition);
+        connect(strip.get(), &StripItem::moved, this, [this](StripPosition position) {
+            options_.stripPosition = position;
+            Q_EMIT stripMoved(position);
+        });
+        return strip;
+    }
+    case StatusItemPresentationKind::label:
+        break;
+    }
+    return std::make_unique<StatusNotifierItem>(
+        identity_,
+        std::make_unique<StatusNotifierIcon>(identity_, StatusNotifierIcon::Title::asLabel), bus_);
+}
+
+std::optional<QRect> StatusItem::frame() const {
+    return presentation_ ? presentation_->frame() : std::nullopt;
 }
 
 } // namespace platform

@@ -1,24 +1,29 @@
 #pragma once
 
 #include "Platform/Desktop/StatusItemContent.h"
+#include "Platform/Desktop/StatusItemDesktopObserver.h"
 #include "Platform/Desktop/StatusItemIdentity.h"
+#include "Platform/Desktop/StatusItemOptions.h"
+#include "Platform/Desktop/SystemAppearance.h"
+#include "Platform/Desktop/SystemTray.h"
 #include "Platform/Foundation/Clock.h"
 
+#include <QDBusConnection>
 #include <QObject>
 #include <QPoint>
+#include <QRect>
 
 #include <chrono>
 #include <memory>
 #include <optional>
 #include <vector>
 
-class QDBusConnection;
-
 namespace platform {
 
 class StatusItemPresentation;
 
-/// The program's item in the status bar: an image, a title, a tooltip and a menu.
+/// The program's item in the status bar: an image, a title, a tooltip and a menu. How it is shown
+/// depends on the desktop, and changes when that does.
 ///
 /// Setters only note what is wanted. What was set in one turn of the event loop goes out together
 /// in the next, so that panels, which ask for everything again at each change, ask once. Setting an
@@ -38,13 +43,17 @@ public:
     /// The least time between two routine changes.
     static constexpr std::chrono::seconds routineInterval{1};
 
-    /// The item appears in the next turn of the event loop, or when a panel comes up, with what has
-    /// been set until then. Without a connected `bus` it never appears.
+    /// How long a desktop without panels waits for one before it gets the item in a window of its
+    /// own: panels may start later than the program, and start anew.
+    static constexpr std::chrono::seconds panelPatience{2};
+
+    /// The item appears once the desktop is known, or when a panel comes up, with what has been set
+    /// until then.
     ///
     /// @param clock must outlive the item
     /// @param bus   the session bus; a connection carries one item
     StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusConnection& bus,
-               QObject* parent = nullptr);
+               StatusItemOptions options = {}, QObject* parent = nullptr);
     ~StatusItem() override;
 
     /// Goes out at once.
@@ -59,21 +68,41 @@ public:
     /// Goes out at once. The ids of entries that are no separators must differ.
     void setMenu(std::vector<MenuEntry> entries);
 
+    /// Where the item is on the screen, in global device-independent coordinates. Absent where it
+    /// is a panel's, which does not tell.
+    std::optional<QRect> frame() const;
+
 Q_SIGNALS:
-    /// The user clicked the item. `point` is in global coordinates as the panel gave them; not
-    /// every panel gives true ones.
+    /// The user clicked the item in a panel. `point` is in global coordinates as the panel gave
+    /// them; not every panel gives true ones.
     void activated(QPoint point);
+
+    /// The user clicked the item where it has a `frame`.
+    void clicked();
 
     /// The user chose the menu entry with this `id`.
     void menuTriggered(int id);
+
+    /// The user dragged the item's strip there.
+    void stripMoved(StripPosition position);
 
 private:
     template <typename Value>
     void set(Value& field, Value value, Urgency urgency);
     void schedule(Urgency urgency);
     void show();
+    void chooseSoon();
+    void choose();
+    std::unique_ptr<StatusItemPresentation> makePresentation();
 
+    StatusItemIdentity identity_;
     Clock& clock_;
+    QDBusConnection bus_;
+    StatusItemOptions options_;
+    SystemAppearance appearance_;
+    SystemTray tray_;
+    StatusItemDesktopObserver desktop_;
+    std::optional<StatusItemPresentationKind> kind_; ///< of `presentation_`
     std::unique_ptr<StatusItemPresentation> presentation_;
     StatusItemContent content_;
     std::optional<StatusItemContent> shown_;
@@ -81,6 +110,7 @@ private:
     /// Uptime at which `timer_` falls due; absent when it does not run.
     std::optional<std::chrono::nanoseconds> dueAt_;
     std::unique_ptr<ClockTimer> timer_;
+    std::unique_ptr<ClockTimer> patience_;
 };
 
 } // namespace platform

@@ -1,7 +1,5 @@
 #include "Platform/Desktop/StatusNotifierItem.h"
 
-#include "Platform/Desktop/StatusItemIconFile.h"
-
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
@@ -11,11 +9,6 @@
 namespace platform {
 
 namespace {
-
-/// Sides of the pixmaps in pixels: a panel's usual icon, and the same for screens of double
-/// density.
-constexpr int normalSize = 22;
-constexpr int doubleSize = 44;
 
 const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 
@@ -27,24 +20,16 @@ QString nextServiceName() {
         .arg(++count);
 }
 
-/// The label with every digit as wide as digits get, so that the room does not depend on the price.
-QString guideOf(QString label) {
-    for (QChar& character : label) {
-        if (character >= QLatin1Char('0') && character <= QLatin1Char('9'))
-            character = QLatin1Char('8');
-    }
-    return label;
-}
-
 } // namespace
 
-StatusNotifierItem::StatusNotifierItem(StatusItemIdentity identity, const QDBusConnection& bus,
-                                       QObject* parent)
+StatusNotifierItem::StatusNotifierItem(const StatusItemIdentity& identity,
+                                       std::unique_ptr<StatusNotifierRendering> rendering,
+                                       const QDBusConnection& bus, QObject* parent)
     : StatusItemPresentation(parent),
-      identity_(std::move(identity)),
+      rendering_(std::move(rendering)),
       bus_(bus),
       serviceName_(nextServiceName()),
-      object_(identity_, nullptr),
+      object_(identity, nullptr),
       menu_(bus, StatusNotifierObject::menuPath, nullptr) {
     connect(&object_, &StatusNotifierObject::activated, this, &StatusItemPresentation::activated);
     connect(&menu_, &DBusMenu::triggered, this, &StatusItemPresentation::menuTriggered);
@@ -60,12 +45,8 @@ StatusNotifierItem::~StatusNotifierItem() {
 
 void StatusNotifierItem::show(const StatusItemContent& content) {
     menu_.setEntries(content.menu);
-    if (image_ != content.image)
-        takeImage(content.image);
-    state_.label = content.title.plainText();
-    state_.labelGuide = guideOf(state_.label);
-    state_.toolTip = content.toolTip;
-    const QList<QDBusMessage> changes = object_.setState(state_);
+    content_ = content;
+    const QList<QDBusMessage> changes = object_.setState(rendering_->render(content, false));
     if (!isOnBus_) {
         appear();
         return;
@@ -90,8 +71,7 @@ void StatusNotifierItem::appear() {
             [this](const QString&, const QString&, const QString& newOwner) {
                 if (newOwner.isEmpty())
                     return;
-                // The icon's file may have been cleaned away since.
-                takeImage(StatusItemImage(*image_));
+                object_.setState(rendering_->render(content_, true));
                 registerWithWatcher();
             });
     registerWithWatcher();
@@ -111,14 +91,6 @@ QDBusMessage StatusNotifierItem::busCall(const QString& method) const {
     return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
                                           QStringLiteral("/org/freedesktop/DBus"),
                                           QStringLiteral("org.freedesktop.DBus"), method);
-}
-
-void StatusNotifierItem::takeImage(const StatusItemImage& image) {
-    image_ = image;
-    const QImage large = image.atSize(doubleSize);
-    state_.iconName = StatusItemIconFile::pathOf(large, identity_.iconDirectory, identity_.id);
-    state_.iconPixmaps = {IconPixmap::fromImage(image.atSize(normalSize)),
-                          IconPixmap::fromImage(large)};
 }
 
 } // namespace platform

@@ -5,6 +5,7 @@
 #include "Quorvel/Settings/SettingsWindow.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
+#include "Quorvel/Shell/StatusItemPreferences.h"
 #include "Quorvel/Shell/StatusMenu.h"
 #include "Quorvel/Shell/StatusTitle.h"
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
@@ -135,7 +136,11 @@ void AppDelegate::openPanel() {
 
 void AppDelegate::showPopover(std::optional<QPoint> clickedAt) {
     prefetchTask_ = platform::startTask(model_.prefetchCandles());
-    popover_->showBeside(platform::Popover::anchor(clickedAt));
+    // A panel that tells of a click shows the item, whatever there is of it besides.
+    if (const auto frame = statusItem_->frame(); frame && !clickedAt)
+        popover_->showBeside(*frame);
+    else
+        popover_->showBeside(platform::Popover::anchor(clickedAt));
     panel_->focusSearch();
 }
 
@@ -151,9 +156,15 @@ void AppDelegate::setUpStatusItem() {
                                                 .title = QStringLiteral("Quorvel"),
                                                 .iconDirectory = environment_.iconDirectory};
     statusItem_ =
-        std::make_unique<StatusItem>(identity, environment_.clock, QDBusConnection::sessionBus());
+        std::make_unique<StatusItem>(identity, environment_.clock, QDBusConnection::sessionBus(),
+                                     StatusItemPreferences::options(environment_.defaults));
     statusItem_->setMenu(StatusMenu::entries());
     connect(statusItem_.get(), &StatusItem::activated, this, &AppDelegate::togglePopover);
+    connect(statusItem_.get(), &StatusItem::clicked, this, [this] { togglePopover(std::nullopt); });
+    connect(statusItem_.get(), &StatusItem::stripMoved, this,
+            [this](const platform::StripPosition& position) {
+                StatusItemPreferences::setStripPosition(environment_.defaults, position);
+            });
     connect(statusItem_.get(), &StatusItem::menuTriggered, this, &AppDelegate::chooseFromMenu);
     updateStatusItem(StatusItem::Urgency::immediate);
 }

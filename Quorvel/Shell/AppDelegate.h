@@ -43,9 +43,9 @@ public:
     /// Shows the status item and starts the model.
     void applicationDidFinishLaunching();
 
-    /// Opens the popover, or closes it. Loads the candles that it will show.
+    /// Opens the popover beside the status item, or closes it. Loads the candles that it will show.
     ///
-    /// @param clickedAt where the panel says that the item was clicked; absent where it does not
+    /// @param clickedAt where a panel says that the item was clicked; absent where none does
     void togglePopover(std::optional<QPoint> clickedAt);
 
     /// Opens the popover, or brings it to the front, for a user who started the program once more.

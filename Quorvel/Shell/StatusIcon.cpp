@@ -60,7 +60,7 @@ QImage StatusIcon::image(int pixelSize, double devicePixelRatio) {
 }
 
 platform::StatusItemImage StatusIcon::statusItemImage(bool isShown) {
-    return {.renderings = {image(22), image(44)}, .isShown = isShown};
+    return {.renderings = {image(16), image(22), image(32), image(44)}, .isShown = isShown};
 }
 
 } // namespace quorvel

@@ -77,9 +77,17 @@ int run(const FileManager& files, SingleInstance& instance) {
     return status;
 }
 
+/// A program cannot place its windows on Wayland, so they go through XWayland where there is one.
+void preferX11() {
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland"); // the first that works
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    preferX11();
     const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Quorvel"));
     QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Platform/Desktop/StatusItemView.h"
+
+namespace platform {
+
+class SystemAppearance;
+class SystemTray;
+
+/// The window that a `DockItem` puts into one tray. Goes with the tray.
+class DockWindow final : public StatusItemView {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the window; there must be a tray.
+    DockWindow(const SystemTray& tray, const SystemAppearance& appearance);
+
+    /// Asks the tray to take it, with the room that its content needs.
+    void dock();
+
+protected:
+    StatusItemColors colors() const override;
+    void paintGround(QPainter& painter) override;
+    void contentResized(QSize size) override;
+    bool nativeEvent(const QByteArray& type, void* event, qintptr* result) override;
+
+private:
+    const SystemTray& tray_;
+    const SystemAppearance& appearance_;
+    bool isTranslucent_;
+};
+
+} // namespace platform

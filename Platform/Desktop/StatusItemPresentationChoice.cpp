@@ -1,0 +1,118 @@
+#include "Platform/Desktop/StatusItemPresentationChoice.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+using Kind = StatusItemPresentationKind;
+
+/// What a panel does with the text of an item on the bus.
+enum class TextHabit {
+    drawsLabel,
+    drawsWideImage,
+    drawsNone,
+};
+
+struct Host {
+    QStringView process;
+    TextHabit habit;
+};
+
+constexpr std::array hosts{
+    Host{u"gnome-shell", TextHabit::drawsLabel},
+    // The services of indicator applets, whose names are longer than a process's may be.
+    Host{u"ayatana-indicat", TextHabit::drawsLabel},
+    Host{u"indicator-appli", TextHabit::drawsLabel},
+    Host{u"mate-panel", TextHabit::drawsLabel},
+    Host{u"notification-ar", TextHabit::drawsLabel},
+    Host{u"waybar", TextHabit::drawsWideImage},
+    // Xfce keeps its tray in the panel or in a process that wraps it.
+    Host{u"xfce4-panel", TextHabit::drawsNone},
+    Host{u"wrapper-2.0", TextHabit::drawsNone},
+    Host{u"lxqt-panel", TextHabit::drawsNone},
+    // Plasma's watcher is not in its shell but in its service daemon.
+    Host{u"kded5", TextHabit::drawsNone},
+    Host{u"kded6", TextHabit::drawsNone},
+    Host{u"plasmashell", TextHabit::drawsNone},
+    Host{u"swaybar", TextHabit::drawsNone},
+};
+
+/// For watchers whose process is none of the above, or cannot be seen.
+constexpr std::array<std::pair<QStringView, TextHabit>, 3> desktops{{
+    {u"KDE", TextHabit::drawsNone},
+    {u"LXQt", TextHabit::drawsNone},
+    {u"XFCE", TextHabit::drawsNone},
+}};
+
+TextHabit habitOf(const StatusItemDesktop& desktop) {
+    const auto host = std::ranges::find(hosts, desktop.watcherProcess, &Host::process);
+    if (host != hosts.end())
+        return host->habit;
+    for (const QString& name : desktop.names) {
+        const auto found = std::ranges::find_if(desktops, [&name](const auto& known) {
+            return known.first.compare(name, Qt::CaseInsensitive) == 0;
+        });
+        if (found != desktops.end())
+            return found->second;
+    }
+    // Nothing is lost if it draws none: there is the icon, and the text in its tooltip.
+    return TextHabit::drawsLabel;
+}
+
+/// Trays that give a docked window the width it asks for. Others crop it to a square, and most
+/// trays are others.
+bool givesWidth(const StatusItemDesktop& desktop) {
+    static constexpr std::array<QStringView, 4> processes{u"xfce4-panel", u"wrapper-2.0",
+                                                          u"mate-panel", u"notification-ar"};
+    return desktop.isX11 && desktop.hasTray && desktop.isTrayHorizontal &&
+           std::ranges::find(processes, desktop.trayProcess) != processes.end();
+}
+
+/// Whether the item can be seen at all when presented so.
+bool isPossible(Kind kind, const StatusItemDesktop& desktop) {
+    switch (kind) {
+    case Kind::label:
+    case Kind::image:
+        return desktop.hasWatcher;
+    case Kind::dock:
+        return desktop.isX11 && desktop.hasTray;
+    case Kind::strip:
+        return desktop.isX11;
+    }
+    return false;
+}
+
+Kind fitting(const StatusItemDesktop& desktop) {
+    const TextHabit habit = desktop.hasWatcher ? habitOf(desktop) : TextHabit::drawsNone;
+    if (habit == TextHabit::drawsLabel)
+        return Kind::label;
+    if (habit == TextHabit::drawsWideImage)
+        return Kind::image;
+    if (givesWidth(desktop))
+        return Kind::dock;
+    // A Wayland compositor would put the strip wherever it likes, below other windows too.
+    return desktop.isX11 ? Kind::strip : Kind::label;
+}
+
+} // namespace
+
+std::optional<Kind> statusItemPresentationKind(QStringView name) {
+    static constexpr std::array<std::pair<QStringView, Kind>, 4> kinds{
+        {{u"label", Kind::label},
+         {u"image", Kind::image},
+         {u"dock", Kind::dock},
+         {u"strip", Kind::strip}}};
+    const auto found = std::ranges::find(kinds, name, &std::pair<QStringView, Kind>::first);
+    return found == kinds.end() ? std::nullopt : std::optional(found->second);
+}
+
+Kind StatusItemPresentationChoice::of(std::optional<Kind> preferred,
+                                      const StatusItemDesktop& desktop) {
+    return preferred && isPossible(*preferred, desktop) ? *preferred : fitting(desktop);
+}
+
+} // namespace platform

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Platform/Desktop/StatusItemDesktop.h"
+#include "Platform/Desktop/StatusItemPresentationKind.h"
+
+#include <optional>
+
+namespace platform {
+
+/// Which presentation makes a status item's text readable on a desktop. Pure.
+struct StatusItemPresentationChoice {
+    /// @param preferred what the user asks for; absent: whatever fits. A wish that would leave the
+    ///                  item invisible, such as a label without a panel, gives way to what fits.
+    static StatusItemPresentationKind of(std::optional<StatusItemPresentationKind> preferred,
+                                         const StatusItemDesktop& desktop);
+};
+
+} // namespace platform

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QStringView>
+
+#include <optional>
+
+namespace platform {
+
+/// The ways in which a status item can be brought before the user's eyes.
+enum class StatusItemPresentationKind {
+    label, ///< an icon and a text that the panel writes beside it
+    image, ///< icon, text and arrows as one wide picture in the panel
+    dock,  ///< a window inside the panel's tray
+    strip, ///< a slim window at the screen's edge
+};
+
+/// The kind called `name`, as the enumerator is; absent for any other name.
+std::optional<StatusItemPresentationKind> statusItemPresentationKind(QStringView name);
+
+} // namespace platform

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Platform/Desktop/StatusItemContent.h"
+#include "Platform/Desktop/StatusNotifierState.h"
+
+namespace platform {
+
+/// What an item on the bus says of itself to show its content. Panels differ in what they show.
+class StatusNotifierRendering {
+public:
+    virtual ~StatusNotifierRendering() = default;
+
+    /// @param isForNewPanel whether the panel has just come up, and what was made for another one
+    ///                      may not be there any more
+    virtual StatusNotifierState render(const StatusItemContent& content, bool isForNewPanel) = 0;
+};
+
+} // namespace platform

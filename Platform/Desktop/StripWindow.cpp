@@ -1,0 +1,139 @@
+#include "Platform/Desktop/StripWindow.h"
+
+#include "Platform/Desktop/Compositing.h"
+#include "Platform/Desktop/SystemColors.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr QMargins inset(10, 2, 10, 2);
+
+/// Between the strip and the edges.
+constexpr int distance = 4;
+
+constexpr auto flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                       Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
+
+} // namespace
+
+StripWindow::StripWindow(StripPosition position)
+    : StatusItemView(flags, inset), compositor_("_NET_WM_CM_S0"), position_(position) {
+    // Window managers leave a dock where it puts itself, above ordinary windows and below those
+    // that fill the screen.
+    setAttribute(Qt::WA_X11NetWmWindowTypeDock);
+    setAttribute(Qt::WA_TranslucentBackground);
+    adoptCompositing();
+    connect(&compositor_, &X11Selection::ownerChanged, this, &StripWindow::adoptCompositing);
+    followScreens();
+}
+
+void StripWindow::adoptCompositing() {
+    if (std::exchange(isComposited_, isDisplayComposited()) == isComposited_)
+        return;
+    // A window is of one kind for life.
+    const bool wasVisible = isVisible();
+    if (windowHandle())
+        destroy();
+    setAttribute(Qt::WA_TranslucentBackground, isComposited_);
+    if (wasVisible)
+        show();
+}
+
+void StripWindow::followScreens() {
+    for (QScreen* const screen : QGuiApplication::screens())
+        followScreen(*screen);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
+        followScreen(*screen);
+        place();
+    });
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &StripWindow::place);
+    // The screen is still among the others while this is told.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &StripWindow::place,
+            Qt::QueuedConnection);
+}
+
+void StripWindow::followScreen(QScreen& screen) {
+    connect(&screen, &QScreen::geometryChanged, this, &StripWindow::place);
+    connect(&screen, &QScreen::availableGeometryChanged, this, &StripWindow::place);
+}
+
+QScreen& StripWindow::currentScreen() const {
+    return screen_ ? *screen_ : *QGuiApplication::primaryScreen();
+}
+
+void StripWindow::place() {
+    constexpr QMargins margin(distance, distance, distance, distance);
+    move(position_.corner(size(), currentScreen().availableGeometry() - margin));
+}
+
+void StripWindow::contentResized(QSize size) {
+    StatusItemView::contentResized(size);
+    place();
+}
+
+StatusItemColors StripWindow::colors() const {
+    return {SystemColors::of(palette()).label, appearanceOf(palette())};
+}
+
+void StripWindow::paintGround(QPainter& painter) {
+    const auto colors = SystemColors::of(palette());
+    const double hairline = 1 / devicePixelRatioF();
+    const QRectF outline =
+        QRectF(rect()).adjusted(hairline / 2, hairline / 2, -hairline / 2, -hairline / 2);
+    painter.setPen(QPen(colors.separator, hairline));
+    painter.setBrush(colors.background);
+    if (!isComposited_) {
+        painter.drawRect(outline);
+        return;
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawRoundedRect(outline, outline.height() / 2, outline.height() / 2);
+}
+
+void StripWindow::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        pressedAt_ = event->position().toPoint();
+}
+
+void StripWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (!pressedAt_)
+        return;
+    const QPoint way = event->position().toPoint() - *pressedAt_;
+    isDragged_ = isDragged_ || way.manhattanLength() >= QApplication::startDragDistance();
+    if (isDragged_)
+        dragTo(event->globalPosition().toPoint());
+}
+
+void StripWindow::dragTo(QPoint pointer) {
+    if (QScreen* const below = QGuiApplication::screenAt(pointer))
+        screen_ = below;
+    position_ = StripPosition::nearest(QRect(pointer - *pressedAt_, size()),
+                                       currentScreen().availableGeometry());
+    place();
+}
+
+void StripWindow::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    pressedAt_.reset();
+    if (std::exchange(isDragged_, false))
+        Q_EMIT moved(position_);
+    else
+        StatusItemView::mouseReleaseEvent(event);
+}
+
+void StripWindow::changeEvent(QEvent* event) {
+    StatusItemView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        update();
+}
+
+} // namespace platform

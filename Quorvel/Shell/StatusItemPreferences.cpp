@@ -1,0 +1,27 @@
+#include "Quorvel/Shell/StatusItemPreferences.h"
+
+namespace quorvel {
+
+namespace {
+
+const auto presentationKey = QStringLiteral("statusItem.presentation");
+const auto stripPositionKey = QStringLiteral("statusItem.stripPosition");
+
+} // namespace
+
+platform::StatusItemOptions StatusItemPreferences::options(const platform::UserDefaults& defaults) {
+    const QString kind = defaults.string(presentationKey).value_or(QString()).trimmed();
+    // Written by hand without quotation marks, its comma makes it a list.
+    const QString position =
+        defaults.stringArray(stripPositionKey).value_or(QStringList()).join(QLatin1Char(','));
+    return {.presentation = platform::statusItemPresentationKind(kind),
+            .stripPosition = platform::StripPosition::fromString(position).value_or(
+                platform::StripPosition())};
+}
+
+void StatusItemPreferences::setStripPosition(platform::UserDefaults& defaults,
+                                             const platform::StripPosition& position) {
+    defaults.setString(stripPositionKey, position.toString());
+}
+
+} // namespace quorvel
