@@ -18,7 +18,7 @@ enum class TextHabit {
 };
 
 struct Host {
-    QStringView process;
+    QStringView process; ///< the beginning of its name
     TextHabit habit;
 };
 
@@ -30,9 +30,9 @@ constexpr std::array hosts{
     Host{u"mate-panel", TextHabit::drawsLabel},
     Host{u"notification-ar", TextHabit::drawsLabel},
     Host{u"waybar", TextHabit::drawsWideImage},
-    // Xfce keeps its tray in the panel or in a process that wraps it.
+    // Xfce keeps its tray in the panel or in a process of its own, such as "panel-1-systray".
     Host{u"xfce4-panel", TextHabit::drawsNone},
-    Host{u"wrapper-2.0", TextHabit::drawsNone},
+    Host{u"panel-", TextHabit::drawsNone},
     Host{u"lxqt-panel", TextHabit::drawsNone},
     // Plasma's watcher is not in its shell but in its service daemon.
     Host{u"kded5", TextHabit::drawsNone},
@@ -49,7 +49,9 @@ constexpr std::array<std::pair<QStringView, TextHabit>, 3> desktops{{
 }};
 
 TextHabit habitOf(const StatusItemDesktop& desktop) {
-    const auto host = std::ranges::find(hosts, desktop.watcherProcess, &Host::process);
+    const auto host = std::ranges::find_if(hosts, [&desktop](const Host& known) {
+        return desktop.watcherProcess.startsWith(known.process);
+    });
     if (host != hosts.end())
         return host->habit;
     for (const QString& name : desktop.names) {
@@ -66,10 +68,12 @@ TextHabit habitOf(const StatusItemDesktop& desktop) {
 /// Trays that give a docked window the width it asks for. Others crop it to a square, and most
 /// trays are others.
 bool givesWidth(const StatusItemDesktop& desktop) {
-    static constexpr std::array<QStringView, 4> processes{u"xfce4-panel", u"wrapper-2.0",
-                                                          u"mate-panel", u"notification-ar"};
+    static constexpr std::array<QStringView, 4> processes{u"xfce4-panel", u"panel-", u"mate-panel",
+                                                          u"notification-ar"};
     return desktop.isX11 && desktop.hasTray && desktop.isTrayHorizontal &&
-           std::ranges::find(processes, desktop.trayProcess) != processes.end();
+           std::ranges::any_of(processes, [&desktop](QStringView known) {
+               return desktop.trayProcess.startsWith(known);
+           });
 }
 
 /// Whether the item can be seen at all when presented so.
@@ -101,11 +105,10 @@ Kind fitting(const StatusItemDesktop& desktop) {
 } // namespace
 
 std::optional<Kind> statusItemPresentationKind(QStringView name) {
-    static constexpr std::array<std::pair<QStringView, Kind>, 4> kinds{
-        {{u"label", Kind::label},
-         {u"image", Kind::image},
-         {u"dock", Kind::dock},
-         {u"strip", Kind::strip}}};
+    static constexpr std::array<std::pair<QStringView, Kind>, 4> kinds{{{u"label", Kind::label},
+                                                                        {u"image", Kind::image},
+                                                                        {u"dock", Kind::dock},
+                                                                        {u"strip", Kind::strip}}};
     const auto found = std::ranges::find(kinds, name, &std::pair<QStringView, Kind>::first);
     return found == kinds.end() ? std::nullopt : std::optional(found->second);
 }

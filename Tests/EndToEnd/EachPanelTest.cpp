@@ -14,6 +14,8 @@ class EachPanel : public test::PanelDesktop, public testing::WithParamInterface<
 protected:
     EachPanel() : PanelDesktop(GetParam()()) {
         quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
+        quorvel_.setPreference(QStringLiteral("display.colorScheme"),
+                               QStringLiteral("greenUpRedDown"));
     }
 
     QImage picture() const { return desktop_.picture(panelArea); }
