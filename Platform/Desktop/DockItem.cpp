@@ -34,9 +34,7 @@ void DockItem::dock() {
 }
 
 std::optional<QRect> DockItem::frame() const {
-    if (!window_ || !window_->isVisible())
-        return std::nullopt;
-    return QRect(window_->mapToGlobal(QPoint()), window_->size());
+    return window_ ? window_->frame() : std::nullopt;
 }
 
 } // namespace platform

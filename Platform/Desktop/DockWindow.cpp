@@ -1,5 +1,6 @@
 #include "Platform/Desktop/DockWindow.h"
 
+#include "Platform/Desktop/DevicePixels.h"
 #include "Platform/Desktop/SystemAppearance.h"
 #include "Platform/Desktop/SystemTray.h"
 #include "Platform/Desktop/X11.h"
@@ -27,13 +28,22 @@ DockWindow::DockWindow(const SystemTray& tray, const SystemAppearance& appearanc
       isTranslucent_(tray.isTranslucent()) {
     setAttribute(Qt::WA_TranslucentBackground, isTranslucent_);
     connect(&tray, &SystemTray::changed, this, qOverload<>(&QWidget::update));
-    connect(&appearance, &SystemAppearance::preferredChanged, this,
-            qOverload<>(&QWidget::update));
+    connect(&appearance, &SystemAppearance::preferredChanged, this, qOverload<>(&QWidget::update));
 }
 
 void DockWindow::dock() {
     createWinId();
+    setEmbedInfo(false); // the toolkit maps it, not the tray
     tray_.dock(static_cast<quint32>(winId()));
+}
+
+std::optional<QRect> DockWindow::frame() const {
+    if (!isVisible())
+        return std::nullopt;
+    // The toolkit does not hear of it when the tray moves together with what is in it.
+    const auto position = x11::positionOf(static_cast<quint32>(winId()));
+    const auto corner = position ? fromDevicePixels(*position) : std::nullopt;
+    return corner ? std::optional(QRect(*corner, size())) : std::nullopt;
 }
 
 bool DockWindow::nativeEvent(const QByteArray&, void* event, qintptr*) {
@@ -42,9 +52,20 @@ bool DockWindow::nativeEvent(const QByteArray&, void* event, qintptr*) {
     if ((message.response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
         message.type == x11::atom("_XEMBED") && message.data.data32[1] == embeddedNotify) {
         // Not before, since it would stand on the bare screen.
-        QMetaObject::invokeMethod(this, &QWidget::show, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &DockWindow::appear, Qt::QueuedConnection);
     }
     return false;
+}
+
+void DockWindow::appear() {
+    show();
+    setEmbedInfo(true);
+}
+
+void DockWindow::setEmbedInfo(bool isMapped) {
+    constexpr quint32 version = 0;
+    x11::setProperty(static_cast<quint32>(winId()), "_XEMBED_INFO", "_XEMBED_INFO",
+                     {version, isMapped ? 1U : 0U});
 }
 
 void DockWindow::contentResized(QSize size) {

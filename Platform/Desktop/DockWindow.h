@@ -18,6 +18,9 @@ public:
     /// Asks the tray to take it, with the room that its content needs.
     void dock();
 
+    /// Where it is on the screen; absent as long as the tray has not taken it.
+    std::optional<QRect> frame() const;
+
 protected:
     StatusItemColors colors() const override;
     void paintGround(QPainter& painter) override;
@@ -25,6 +28,9 @@ protected:
     bool nativeEvent(const QByteArray& type, void* event, qintptr* result) override;
 
 private:
+    void appear();
+    void setEmbedInfo(bool isMapped);
+
     const SystemTray& tray_;
     const SystemAppearance& appearance_;
     bool isTranslucent_;

@@ -1,6 +1,7 @@
 #include "Platform/Desktop/Popover.h"
 
 #include "Platform/Desktop/Compositing.h"
+#include "Platform/Desktop/DevicePixels.h"
 #include "Platform/Desktop/PopoverPlacement.h"
 #include "Platform/Desktop/SystemColors.h"
 
@@ -23,17 +24,6 @@ QScreen* screenOf(QPoint point) {
 
 ScreenArea areaOf(const QScreen& screen) {
     return {screen.geometry(), screen.availableGeometry()};
-}
-
-/// A point in the display's own pixels as Qt counts them: per screen, scaled from its corner.
-std::optional<QPoint> fromDevicePixels(QPoint point) {
-    for (const QScreen* const screen : QGuiApplication::screens()) {
-        const QRect logical = screen->geometry();
-        const double scale = screen->devicePixelRatio();
-        if (QRect(logical.topLeft(), logical.size() * scale).contains(point))
-            return logical.topLeft() + (point - logical.topLeft()) / scale;
-    }
-    return std::nullopt;
 }
 
 bool isPlausible(QPoint point) {

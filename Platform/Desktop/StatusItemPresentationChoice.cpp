@@ -18,7 +18,7 @@ enum class TextHabit {
 };
 
 struct Host {
-    QStringView process; ///< the beginning of its name
+    QStringView process;
     TextHabit habit;
 };
 
@@ -30,9 +30,6 @@ constexpr std::array hosts{
     Host{u"mate-panel", TextHabit::drawsLabel},
     Host{u"notification-ar", TextHabit::drawsLabel},
     Host{u"waybar", TextHabit::drawsWideImage},
-    // Xfce keeps its tray in the panel or in a process of its own, such as "panel-1-systray".
-    Host{u"xfce4-panel", TextHabit::drawsNone},
-    Host{u"panel-", TextHabit::drawsNone},
     Host{u"lxqt-panel", TextHabit::drawsNone},
     // Plasma's watcher is not in its shell but in its service daemon.
     Host{u"kded5", TextHabit::drawsNone},
@@ -48,10 +45,19 @@ constexpr std::array<std::pair<QStringView, TextHabit>, 3> desktops{{
     {u"XFCE", TextHabit::drawsNone},
 }};
 
+/// Xfce keeps its tray in the panel, or in a process of its own by the name of a place in the panel
+/// and a plugin, e.g. `panel-3-systray`.
+bool isXfce(QStringView process) {
+    constexpr QStringView place = u"panel-";
+    return process == u"xfce4-panel" ||
+           (process.size() > place.size() && process.startsWith(place) &&
+            process[place.size()].isDigit());
+}
+
 TextHabit habitOf(const StatusItemDesktop& desktop) {
-    const auto host = std::ranges::find_if(hosts, [&desktop](const Host& known) {
-        return desktop.watcherProcess.startsWith(known.process);
-    });
+    if (isXfce(desktop.watcherProcess))
+        return TextHabit::drawsNone;
+    const auto host = std::ranges::find(hosts, desktop.watcherProcess, &Host::process);
     if (host != hosts.end())
         return host->habit;
     for (const QString& name : desktop.names) {
@@ -68,12 +74,9 @@ TextHabit habitOf(const StatusItemDesktop& desktop) {
 /// Trays that give a docked window the width it asks for. Others crop it to a square, and most
 /// trays are others.
 bool givesWidth(const StatusItemDesktop& desktop) {
-    static constexpr std::array<QStringView, 4> processes{u"xfce4-panel", u"panel-", u"mate-panel",
-                                                          u"notification-ar"};
-    return desktop.isX11 && desktop.hasTray && desktop.isTrayHorizontal &&
-           std::ranges::any_of(processes, [&desktop](QStringView known) {
-               return desktop.trayProcess.startsWith(known);
-           });
+    const bool isKnown = isXfce(desktop.trayProcess) || desktop.trayProcess == u"mate-panel" ||
+                         desktop.trayProcess == u"notification-ar";
+    return desktop.isX11 && desktop.hasTray && desktop.isTrayHorizontal && isKnown;
 }
 
 /// Whether the item can be seen at all when presented so.

@@ -2,6 +2,7 @@
 
 #include "Platform/Desktop/Compositing.h"
 #include "Platform/Desktop/SystemColors.h"
+#include "Platform/Desktop/X11.h"
 
 #include <QApplication>
 #include <QGuiApplication>
@@ -26,13 +27,33 @@ constexpr auto flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTop
 
 StripWindow::StripWindow(StripPosition position)
     : StatusItemView(flags, inset), compositor_("_NET_WM_CM_S0"), position_(position) {
-    // Window managers leave a dock where it puts itself, above ordinary windows and below those
-    // that fill the screen.
-    setAttribute(Qt::WA_X11NetWmWindowTypeDock);
     setAttribute(Qt::WA_TranslucentBackground);
     adoptCompositing();
     connect(&compositor_, &X11Selection::ownerChanged, this, &StripWindow::adoptCompositing);
     followScreens();
+}
+
+void StripWindow::setVisible(bool isVisible) {
+    if (isVisible && !testAttribute(Qt::WA_WState_Created)) {
+        createWinId();
+        if (x11::connection())
+            presentToWindowManager();
+    }
+    StatusItemView::setVisible(isVisible);
+}
+
+void StripWindow::presentToWindowManager() {
+    const auto window = static_cast<quint32>(winId());
+    // Window managers leave a dock where it puts itself, on every desktop, above ordinary windows
+    // and below those that fill the screen.
+    x11::setProperty(window, "_NET_WM_WINDOW_TYPE", "ATOM",
+                     {x11::atom("_NET_WM_WINDOW_TYPE_DOCK")});
+    constexpr quint32 allDesktops = 0xffff'ffff;
+    x11::setProperty(window, "_NET_WM_DESKTOP", "CARDINAL", {allDesktops});
+    // The toolkit offers to take the keyboard when asked, which it would refuse afterwards.
+    auto protocols = x11::property(window, "WM_PROTOCOLS");
+    std::erase(protocols, x11::atom("WM_TAKE_FOCUS"));
+    x11::setProperty(window, "WM_PROTOCOLS", "ATOM", protocols);
 }
 
 void StripWindow::adoptCompositing() {

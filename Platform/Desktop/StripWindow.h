@@ -9,13 +9,15 @@
 
 namespace platform {
 
-/// The slim window of a `StripItem`: lies at an edge of a screen, above other windows, never has the
-/// keyboard, and can be dragged along the edges.
+/// The slim window of a `StripItem`: lies at an edge of a screen, above other windows, never has
+/// the keyboard, and can be dragged along the edges.
 class StripWindow final : public StatusItemView {
     Q_OBJECT
 
 public:
     explicit StripWindow(StripPosition position);
+
+    void setVisible(bool isVisible) override;
 
 Q_SIGNALS:
     /// The user dragged it there.
@@ -31,6 +33,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void presentToWindowManager();
     void adoptCompositing();
     void followScreens();
     void followScreen(QScreen& screen);
@@ -40,7 +43,7 @@ private:
 
     X11Selection compositor_;
     StripPosition position_;
-    QPointer<QScreen> screen_; ///< where it was dragged to; none: the primary one
+    QPointer<QScreen> screen_;        ///< where it was dragged to; none: the primary one
     std::optional<QPoint> pressedAt_; ///< within the window
     bool isDragged_ = false;
     bool isComposited_ = true;

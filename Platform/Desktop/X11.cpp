@@ -52,16 +52,29 @@ quint32 selectionOwner(const char* name) {
 
 std::vector<quint32> property(quint32 window, const char* name) {
     constexpr quint32 longest = 1024; // values
-    const auto reply = owned(xcb_get_property_reply(
-        connection(),
-        xcb_get_property(connection(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0,
-                         longest),
-        nullptr));
+    const auto reply =
+        owned(xcb_get_property_reply(connection(),
+                                     xcb_get_property(connection(), 0, window, atom(name),
+                                                      XCB_GET_PROPERTY_TYPE_ANY, 0, longest),
+                                     nullptr));
     if (!reply || reply->format != 32)
         return {};
     const std::span values(static_cast<const quint32*>(xcb_get_property_value(reply.get())),
                            reply->value_len);
     return {values.begin(), values.end()};
+}
+
+void setProperty(quint32 window, const char* name, const char* type,
+                 const std::vector<quint32>& values) {
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, atom(name), atom(type), 32,
+                        static_cast<quint32>(values.size()), values.data());
+}
+
+std::optional<QPoint> positionOf(quint32 window) {
+    const auto reply = owned(xcb_translate_coordinates_reply(
+        connection(), xcb_translate_coordinates(connection(), window, rootWindow(), 0, 0),
+        nullptr));
+    return reply ? std::optional(QPoint(reply->dst_x, reply->dst_y)) : std::nullopt;
 }
 
 bool listen(quint32 window, quint32 eventMask) {
@@ -70,9 +83,9 @@ bool listen(quint32 window, quint32 eventMask) {
     if (!attributes)
         return false;
     const quint32 mask = attributes->your_event_mask | eventMask;
-    const auto error = owned(xcb_request_check(
-        connection(),
-        xcb_change_window_attributes_checked(connection(), window, XCB_CW_EVENT_MASK, &mask)));
+    const auto error =
+        owned(xcb_request_check(connection(), xcb_change_window_attributes_checked(
+                                                  connection(), window, XCB_CW_EVENT_MASK, &mask)));
     return !error;
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QPoint>
 
+#include <optional>
 #include <vector>
 
 struct xcb_connection_t;
@@ -22,6 +23,13 @@ quint32 selectionOwner(const char* name);
 
 /// The 32-bit values of a property; empty where the window has none of that name, or has gone.
 std::vector<quint32> property(quint32 window, const char* name);
+
+/// Sets a property whose values are of the type of that name.
+void setProperty(quint32 window, const char* name, const char* type,
+                 const std::vector<quint32>& values);
+
+/// Where a window is on the display, in its pixels; absent where the window has gone.
+std::optional<QPoint> positionOf(quint32 window);
 
 /// Asks for more kinds of events about a window, besides those that Qt asked for. Whether there is
 /// such a window.
