@@ -18,6 +18,13 @@ protected:
                                QStringLiteral("greenUpRedDown"));
     }
 
+    /// Where the item belongs: in the panel, or, without one, at the top right.
+    QRect place() const {
+        return kind_.commands.empty()
+                   ? panelArea.adjusted(panelArea.width() / 2, 0, 0, 0)
+                   : panelArea.adjusted(0, 0, 0, panelHeight - panelArea.height());
+    }
+
     QImage picture() const { return desktop_.picture(panelArea); }
 
     /// The panel once nothing has changed on it for that long.
@@ -59,7 +66,7 @@ protected:
         test::waitUntil(
             [&] {
                 taken = pictures();
-                faults = taken.faults(kind_.drawsColors);
+                faults = taken.faults(place(), kind_.drawsColors);
                 return faults.empty();
             },
             20s);

@@ -63,7 +63,7 @@ QRect ItemPictures::changed(const QImage& before, const QImage& after) {
     return found;
 }
 
-std::string ItemPictures::faults(bool hasColors) const {
+std::string ItemPictures::faults(const QRect& place, bool hasColors) const {
     const QRect start = firstFigure();
     const QRect end = lastFigure();
     if (!isFigure(start) || !isFigure(end))
@@ -73,6 +73,8 @@ std::string ItemPictures::faults(bool hasColors) const {
     if (const int distance = end.left() - start.left(); distance < 36 || distance > 84)
         found += "the price is " + std::to_string(distance) + " wide; ";
     const QRect behind = changed(cents, down);
+    if (!place.contains(start | end | behind))
+        found += "the item is elsewhere, " + text(start | end | behind) + "; ";
     // A sign, three figures, a point, a percent sign, a blank and the arrow.
     const int length = behind.right() - end.right();
     if (length < 40 || length > 100)

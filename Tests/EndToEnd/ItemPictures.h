@@ -19,10 +19,10 @@ struct ItemPictures {
     QRect firstFigure() const { return changed(first, thousands); }
     QRect lastFigure() const { return changed(thousands, cents); }
 
-    /// What is wrong with the text; empty where it is drawn from the price's beginning to the arrow
-    /// at its end, large enough and clear enough to be read, and, with `hasColors`, the arrow is
-    /// green in the one direction and red in the other.
-    std::string faults(bool hasColors) const;
+    /// What is wrong with the text; empty where it is drawn within `place` from the price's
+    /// beginning to the arrow at its end, large enough and clear enough to be read, and, with
+    /// `hasColors`, the arrow is green in the one direction and red in the other.
+    std::string faults(const QRect& place, bool hasColors) const;
 
 private:
     /// Where two pictures differ clearly.
