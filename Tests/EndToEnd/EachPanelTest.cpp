@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 
 using namespace std::chrono_literals;
 using test::PanelKind;
@@ -13,10 +14,15 @@ namespace {
 class EachPanel : public test::PanelDesktop, public testing::WithParamInterface<PanelKind (*)()> {
 protected:
     EachPanel() : PanelDesktop(GetParam()()) {
+        QDir().mkpath(QFileInfo(picturePath()).path());
+        QFile::remove(picturePath());
         quorvel_.setPreference(QStringLiteral("display.mode"), QStringLiteral("fixed"));
         quorvel_.setPreference(QStringLiteral("display.colorScheme"),
                                QStringLiteral("greenUpRedDown"));
     }
+
+    /// Less its border.
+    static constexpr QRect belowPanel = panelArea.adjusted(0, panelHeight + 2, 0, 0);
 
     /// Where the item belongs: in the panel, or, without one, at the top right.
     QRect place() const {
@@ -70,24 +76,28 @@ protected:
                 return faults.empty();
             },
             20s);
-        save(taken.cents);
         EXPECT_EQ(faults, "");
+        EXPECT_TRUE(taken.cents.save(picturePath()));
         return taken;
     }
 
-    void save(const QImage& image) const {
-        const QString folder = QStringLiteral(QUORVEL_PANEL_PICTURES);
-        QDir().mkpath(folder);
-        EXPECT_TRUE(
-            image.save(folder + u'/' + QString::fromLatin1(kind_.name) + QStringLiteral(".png")));
+    QString picturePath() const {
+        return QStringLiteral(QUORVEL_PANEL_PICTURES "/%1.png")
+            .arg(QString::fromLatin1(kind_.name));
     }
 };
 
 TEST_P(EachPanel, ShowsTheItemOfAProgramThatWasThereBefore) {
+    push("BTCUSDT", "65432.10", "1.234");
     startProgram(R"([{"symbol":{"base":"BTC","quote":"USDT"},"isPinnedToStatusBar":true}])");
+    if (!kind_.isOnWayland) {
+        EXPECT_TRUE(test::waitUntil([this] { return !isBare(panelArea); }))
+            << "no strip while there is no panel";
+    }
     startPanel();
     const QPoint item = readablePictures().lastFigure().center();
     ASSERT_FALSE(HasFailure());
+    EXPECT_TRUE(kind_.commands.empty() || isBare(belowPanel)) << "the strip stays beside the panel";
     openPopover(item);
     const QRect shown = popover().value_or(QRect());
     EXPECT_TRUE(QRect(QPoint(), screen).contains(shown));

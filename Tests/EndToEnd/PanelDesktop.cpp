@@ -45,9 +45,11 @@ void PanelDesktop::killPanel() {
     panel_.clear();
 }
 
-bool PanelDesktop::showsPanel() const {
-    const QImage edge = desktop_.picture({screen.width() / 2, 4, 1, 2 * panelHeight});
-    return edge.pixel(0, 0) != edge.pixel(0, edge.height() - 1);
+bool PanelDesktop::isBare(const QRect& area) const {
+    const QImage shown = desktop_.picture(area);
+    QImage plain(shown.size(), shown.format());
+    plain.fill(shown.pixel(0, 0));
+    return shown == plain;
 }
 
 void PanelDesktop::startProgram(const QByteArray& watchlist) {

@@ -33,8 +33,11 @@ protected:
     /// Ends all of its processes at once.
     void killPanel();
 
-    /// Whether the screen's upper edge looks other than what is below.
-    bool showsPanel() const;
+    /// Whether there is nothing on that part of the screen but one colour.
+    bool isBare(const QRect& area) const;
+
+    /// Whether there is something across the middle of the screen's upper edge.
+    bool showsPanel() const { return !isBare({screen.width() / 2, 4, 1, 2 * panelHeight}); }
 
     /// Starts the program with these pairs on its watchlist.
     void startProgram(const QByteArray& watchlist);

@@ -26,6 +26,11 @@ exec 'echo "$DISPLAY"; echo "$WAYLAND_DISPLAY"'
 // Any user may open windows there: the program is not the compositor's.
 constexpr char openServer[] = "#!/bin/sh\nexec Xwayland -ac \"$@\"\n";
 
+void require(const std::string& program) {
+    if (QStandardPaths::findExecutable(QString::fromStdString(program)).isEmpty())
+        throw std::runtime_error(program + " is not installed; ./dev test --panels installs it");
+}
+
 constexpr auto forOthers = QFile::ReadOther | QFile::ExeOther;
 
 } // namespace
@@ -84,6 +89,7 @@ void VirtualDesktop::startX11Session() {
 }
 
 void VirtualDesktop::startWaylandSession() {
+    require("Xwayland");
     setVariable("XDG_SESSION_TYPE", "wayland");
     setVariable("WLR_BACKENDS", "x11");
     setVariable("WLR_RENDERER", "pixman");
@@ -122,11 +128,11 @@ void VirtualDesktop::handOver() {
 }
 
 QByteArray VirtualDesktop::run(const QString& program, const QStringList& arguments) {
+    require(program.toStdString());
     QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(program, arguments, QIODevice::ReadOnly);
     if (!process.waitForFinished(20'000))
-        throw std::runtime_error(program.toStdString() + " is not installed or does not end");
+        throw std::runtime_error(program.toStdString() + " does not end");
     return process.readAllStandardOutput();
 }
 
@@ -147,6 +153,7 @@ QImage VirtualDesktop::picture(const QRect& area) const {
 }
 
 void VirtualDesktop::sendEvents(const QStringList& words) const {
+    require("xdotool");
     run(QStringLiteral("env"),
         QStringList{QStringLiteral("DISPLAY=") + QString::fromLatin1(displayName_),
                     QStringLiteral("xdotool")} +
