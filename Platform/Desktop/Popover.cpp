@@ -4,6 +4,7 @@
 #include "Platform/Desktop/DevicePixels.h"
 #include "Platform/Desktop/PopoverPlacement.h"
 #include "Platform/Desktop/SystemColors.h"
+#include "Platform/Desktop/WindowManagers.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -54,7 +55,7 @@ void Popover::setContent(QWidget* content) {
 QPoint Popover::anchor(std::optional<QPoint> reported) {
     // The pointer is on what was clicked, unless the click was a key press.
     const QPoint pointer = QCursor::pos();
-    if (isPlausible(pointer))
+    if (isPointerKnown() && isPlausible(pointer))
         return pointer;
     if (reported && !reported->isNull()) {
         const auto point = fromDevicePixels(*reported);

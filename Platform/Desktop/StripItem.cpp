@@ -8,11 +8,13 @@ StripItem::StripItem(const StatusItemIdentity& identity, const QDBusConnection& 
                      StripPosition position, QObject* parent)
     : StatusItemPresentation(parent),
       window_(position),
-      icon_(identity,
-            std::make_unique<StatusNotifierIcon>(identity,
-                                                 StatusNotifierIcon::Title::inToolTipOnly),
-            bus) {
+      icon_(
+          identity,
+          std::make_unique<StatusNotifierIcon>(identity, StatusNotifierIcon::Title::inToolTipOnly),
+          bus) {
     window_.setWindowTitle(identity.title);
+    // Not every window manager puts windows that fill the screen above docks.
+    connect(&fullScreen_, &FullScreenWatch::changed, this, &StripItem::showUnlessCovered);
     connect(&window_, &StripWindow::moved, this, &StripItem::moved);
     connect(&window_, &StatusItemView::clicked, this, &StatusItemPresentation::clicked);
     connect(&window_, &StatusItemView::menuTriggered, this, &StatusItemPresentation::menuTriggered);
@@ -23,8 +25,12 @@ StripItem::StripItem(const StatusItemIdentity& identity, const QDBusConnection& 
 
 void StripItem::show(const StatusItemContent& content) {
     window_.setContent(content);
-    window_.show();
+    showUnlessCovered();
     icon_.show(content);
+}
+
+void StripItem::showUnlessCovered() {
+    window_.setVisible(!fullScreen_.covers(window_.geometry().center()));
 }
 
 std::optional<QRect> StripItem::frame() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Desktop/FullScreenWatch.h"
 #include "Platform/Desktop/StatusItemIdentity.h"
 #include "Platform/Desktop/StatusItemPresentation.h"
 #include "Platform/Desktop/StatusNotifierItem.h"
@@ -26,6 +27,9 @@ Q_SIGNALS:
     void moved(StripPosition position);
 
 private:
+    void showUnlessCovered();
+
+    FullScreenWatch fullScreen_;
     StripWindow window_;
     StatusNotifierItem icon_;
 };

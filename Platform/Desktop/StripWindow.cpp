@@ -2,6 +2,7 @@
 
 #include "Platform/Desktop/Compositing.h"
 #include "Platform/Desktop/SystemColors.h"
+#include "Platform/Desktop/WindowManagers.h"
 #include "Platform/Desktop/X11.h"
 
 #include <QApplication>
@@ -20,13 +21,16 @@ constexpr QMargins inset(10, 2, 10, 2);
 /// Between the strip and the edges.
 constexpr int distance = 4;
 
-constexpr auto flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                       Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
+Qt::WindowFlags stripFlags() {
+    const Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                                  Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
+    return leavesDocksInPlace() ? flags : flags | Qt::BypassWindowManagerHint;
+}
 
 } // namespace
 
 StripWindow::StripWindow(StripPosition position)
-    : StatusItemView(flags, inset), compositor_("_NET_WM_CM_S0"), position_(position) {
+    : StatusItemView(stripFlags(), inset), compositor_("_NET_WM_CM_S0"), position_(position) {
     setAttribute(Qt::WA_TranslucentBackground);
     adoptCompositing();
     connect(&compositor_, &X11Selection::ownerChanged, this, &StripWindow::adoptCompositing);
@@ -34,11 +38,9 @@ StripWindow::StripWindow(StripPosition position)
 }
 
 void StripWindow::setVisible(bool isVisible) {
-    if (isVisible && !testAttribute(Qt::WA_WState_Created)) {
-        createWinId();
-        if (x11::connection())
-            presentToWindowManager();
-    }
+    // Window managers forget about windows that are hidden.
+    if (isVisible && !this->isVisible() && x11::connection())
+        presentToWindowManager();
     StatusItemView::setVisible(isVisible);
 }
 

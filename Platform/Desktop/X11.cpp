@@ -19,6 +19,14 @@ std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply) {
     return {reply, &std::free};
 }
 
+auto propertyReply(quint32 window, const char* name) {
+    constexpr quint32 longest = 1024; // values of 32 bits
+    return owned(xcb_get_property_reply(connection(),
+                                        xcb_get_property(connection(), 0, window, atom(name),
+                                                         XCB_GET_PROPERTY_TYPE_ANY, 0, longest),
+                                        nullptr));
+}
+
 } // namespace
 
 xcb_connection_t* connection() {
@@ -62,6 +70,16 @@ std::vector<quint32> property(quint32 window, const char* name) {
     const std::span values(static_cast<const quint32*>(xcb_get_property_value(reply.get())),
                            reply->value_len);
     return {values.begin(), values.end()};
+}
+
+QByteArray windowManager() {
+    const auto check = property(rootWindow(), "_NET_SUPPORTING_WM_CHECK");
+    const auto reply = check.empty() ? owned<xcb_get_property_reply_t>(nullptr)
+                                     : propertyReply(check.front(), "_NET_WM_NAME");
+    if (!reply || reply->format != 8)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            static_cast<qsizetype>(reply->value_len)};
 }
 
 void setProperty(quint32 window, const char* name, const char* type,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QPoint>
 
 #include <optional>
@@ -23,6 +24,10 @@ quint32 selectionOwner(const char* name);
 
 /// The 32-bit values of a property; empty where the window has none of that name, or has gone.
 std::vector<quint32> property(quint32 window, const char* name);
+
+/// What the window manager calls itself, e.g. `Openbox`; empty where there is none, or it does not
+/// tell.
+QByteArray windowManager();
 
 /// Sets a property whose values are of the type of that name.
 void setProperty(quint32 window, const char* name, const char* type,
