@@ -54,7 +54,8 @@ QPoint clamped(QPoint corner, QSize popover, const QRect& room) {
 
 QPoint PopoverPlacement::position(const QRect& item, QSize popover, const ScreenArea& screen) {
     const QRect beside = item.adjusted(-gap, -gap, gap, gap);
-    QPoint corner = item.center() - QPoint(popover.width() / 2, popover.height() / 2);
+    QPoint corner = item.topLeft() + QPoint((item.width() - popover.width()) / 2,
+                                            (item.height() - popover.height()) / 2);
     switch (edgeOf(item.center(), screen)) {
     case Edge::top:
         corner.setY(beside.bottom() + 1);

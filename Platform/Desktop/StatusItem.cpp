@@ -84,22 +84,25 @@ void StatusItem::show() {
 }
 
 void StatusItem::chooseSoon() {
-    const StatusItemDesktop& desktop = desktop_.desktop();
-    if (desktop.hasWatcher || desktop.hasTray || !desktop.isX11) {
+    constexpr auto strip = StatusItemPresentationKind::strip;
+    const auto kind = StatusItemPresentationChoice::of(options_.presentation, desktop_.desktop());
+    // A panel that has gone may come back, and to be ready for another kind would help nobody.
+    if (kind_ && kind != strip && !desktop_.desktop().hasWatcher && !desktop_.desktop().hasTray)
+        return;
+    if (kind != strip || kind_ == strip || options_.presentation == strip) {
         patience_.reset();
-        choose();
+        present(kind);
     } else if (!patience_) {
-        patience_ = clock_.startTimer(panelPatience, [this] { choose(); });
+        patience_ = clock_.startTimer(panelPatience, [this] { present(strip); });
     }
 }
 
-void StatusItem::choose() {
-    const auto kind = StatusItemPresentationChoice::of(options_.presentation, desktop_.desktop());
+void StatusItem::present(StatusItemPresentationKind kind) {
     if (std::exchange(kind_, kind) == kind)
         return;
     // One goes before the other comes: both would be known by the same path on the bus.
     presentation_.reset();
-    presentation_ = makePresentation();
+    presentation_ = makePresentation(kind);
     connect(presentation_.get(), &StatusItemPresentation::activated, this, &StatusItem::activated);
     connect(presentation_.get(), &StatusItemPresentation::clicked, this, &StatusItem::clicked);
     connect(presentation_.get(), &StatusItemPresentation::menuTriggered, this,
@@ -108,8 +111,9 @@ void StatusItem::choose() {
         presentation_->show(*shown_);
 }
 
-std::unique_ptr<StatusItemPresentation> StatusItem::makePresentation() {
-    switch (*kind_) {
+std::unique_ptr<StatusItemPresentation>
+StatusItem::makePresentation(StatusItemPresentationKind kind) {
+    switch (kind) {
     case StatusItemPresentationKind::image:
         return std::make_unique<StatusNotifierItem>(
             identity_, std::make_unique<StatusNotifierWideImage>(appearance_), bus_);

@@ -43,8 +43,8 @@ public:
     /// The least time between two routine changes.
     static constexpr std::chrono::seconds routineInterval{1};
 
-    /// How long a desktop without panels waits for one before it gets the item in a window of its
-    /// own: panels may start later than the program, and start anew.
+    /// How long a desktop that seems to need a strip has to come up with something better before it
+    /// gets one: panels may start later than the program, in several steps, and start anew.
     static constexpr std::chrono::seconds panelPatience{2};
 
     /// The item appears once the desktop is known, or when a panel comes up, with what has been set
@@ -92,8 +92,8 @@ private:
     void schedule(Urgency urgency);
     void show();
     void chooseSoon();
-    void choose();
-    std::unique_ptr<StatusItemPresentation> makePresentation();
+    void present(StatusItemPresentationKind kind);
+    std::unique_ptr<StatusItemPresentation> makePresentation(StatusItemPresentationKind kind);
 
     StatusItemIdentity identity_;
     Clock& clock_;

@@ -47,6 +47,25 @@ INSTANTIATE_TEST_SUITE_P(
         Placed{"tooHigh", {1000, 28, 1000, 772}, {1500, 14}, {320, 900}, {1340, 32}}),
     [](const auto& info) { return std::string(info.param.name); });
 
+TEST(PopoverPlacementOfItems, LeavesTheItemInSight) {
+    struct Case {
+        QRect item;
+        QPoint corner;
+    };
+    // A strip lies within the available area, a docked item on the panel.
+    for (const auto& [item, corner] : {
+             Case{{700, 32, 280, 26}, {676, 62}},
+             Case{{500, 3, 200, 22}, {440, 32}},
+             Case{{4, 770, 280, 26}, {4, 366}},
+             Case{{4, 400, 280, 26}, {288, 213}},
+             Case{{716, 400, 280, 26}, {392, 213}},
+         }) {
+        EXPECT_EQ(PopoverPlacement::position(item, card, {{0, 0, 1000, 800}, {0, 28, 1000, 772}}),
+                  corner)
+            << item.x() << ", " << item.y();
+    }
+}
+
 TEST(PopoverPlacementOfPoints, TellsClicksOnPanelsFromOthers) {
     const ScreenArea screen{{0, 0, 1000, 800}, {0, 28, 1000, 772}};
     EXPECT_TRUE(PopoverPlacement::isAtEdge({500, 14}, screen));

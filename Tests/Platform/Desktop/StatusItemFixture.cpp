@@ -26,19 +26,19 @@ StatusItemImage StatusItemFixture::image(Qt::GlobalColor color, bool isShown) {
     return made;
 }
 
-void StatusItemFixture::makeItem() {
+void StatusItemFixture::makeItem(StatusItemOptions options) {
     item_ = std::make_unique<StatusItem>(
         StatusItemIdentity{QStringLiteral("quorvel"), QStringLiteral("Quorvel"), icons_.path()},
-        clock_, bus_.connect());
+        clock_, bus_.connect(), options);
     item_->setImage(image(Qt::red));
     item_->setTitle(title(QStringLiteral("BTC 1.00")));
     item_->setToolTip(QStringLiteral("BTC 1.00"));
     clock_.advance(0ms);
 }
 
-void StatusItemFixture::showItem() {
+void StatusItemFixture::showItem(StatusItemOptions options) {
     watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
-    makeItem();
+    makeItem(options);
     waitForRegistrations(1);
     panel_.listenTo(service_, itemInterface);
     panel_.listenTo(service_, QStringLiteral("com.canonical.dbusmenu"));

@@ -23,10 +23,10 @@ protected:
     static platform::StatusItemImage image(Qt::GlobalColor color, bool isShown = true);
 
     /// Makes the item with a title, a tooltip, an image and no menu.
-    void makeItem();
+    void makeItem(platform::StatusItemOptions options = {});
 
     /// Starts a watcher and makes the item, and waits until the panel knows it.
-    void showItem();
+    void showItem(platform::StatusItemOptions options = {});
 
     void waitForRegistrations(qsizetype count);
 
