@@ -74,10 +74,7 @@ void VirtualDesktop::setVariable(const char* name, const std::optional<QByteArra
 }
 
 void VirtualDesktop::launch(ChildProcess& process, std::vector<std::string> command) const {
-    const QString program = QString::fromStdString(command.front());
-    if (QStandardPaths::findExecutable(program).isEmpty())
-        throw std::runtime_error(command.front() +
-                                 " is not installed; ./dev test --panels does so");
+    require(command.front());
     command.insert(command.begin(), userChange_.begin(), userChange_.end());
     process.start(std::move(command));
 }
