@@ -17,8 +17,7 @@ class DockItem final : public StatusItemPresentation {
 
 public:
     /// Both must outlive the item.
-    DockItem(const SystemTray& tray, const SystemAppearance& appearance,
-             QObject* parent = nullptr);
+    DockItem(const SystemTray& tray, const SystemAppearance& appearance, QObject* parent = nullptr);
     ~DockItem() override;
 
     void show(const StatusItemContent& content) override;

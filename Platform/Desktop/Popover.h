@@ -67,7 +67,7 @@ private:
     bool isComposited_ = true;
     bool isClosing_ = false;
     QPoint anchor_;
-    std::optional<QRect> item_; ///< in place of `anchor_`
+    std::optional<QRect> item_;                           ///< in place of `anchor_`
     std::optional<std::chrono::nanoseconds> dismissedAt_; ///< uptime
 };
 

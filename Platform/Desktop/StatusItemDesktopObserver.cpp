@@ -57,8 +57,8 @@ void StatusItemDesktopObserver::takeWatcher(const QDBusPendingCallWatcher& answe
     StatusItemDesktop desktop = desktop_;
     // A bus may well not know the process of a watcher that is there.
     desktop.hasWatcher =
-        process.isValid() || process.error().name() == QStringLiteral(
-                                 "org.freedesktop.DBus.Error.UnixProcessIdUnknown");
+        process.isValid() ||
+        process.error().name() == QStringLiteral("org.freedesktop.DBus.Error.UnixProcessIdUnknown");
     desktop.watcherProcess = process.isValid() ? processName(process.value()) : QString();
     const bool isFirst = !std::exchange(isKnown_, true);
     if (isFirst || desktop != desktop_) {

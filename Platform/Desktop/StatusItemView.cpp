@@ -62,8 +62,9 @@ void StatusItemView::contextMenuEvent(QContextMenuEvent* event) {
         }
         QAction* const action = menu->addAction(withoutAccessKeys(entry.text));
         action->setEnabled(entry.isEnabled);
-        connect(action, &QAction::triggered, this,
-                [this, id = entry.id] { Q_EMIT menuTriggered(id); }, Qt::QueuedConnection);
+        connect(
+            action, &QAction::triggered, this, [this, id = entry.id] { Q_EMIT menuTriggered(id); },
+            Qt::QueuedConnection);
     }
     menu->popup(event->globalPos());
 }

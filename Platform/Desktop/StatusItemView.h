@@ -21,7 +21,7 @@ public:
     void setContent(const StatusItemContent& content);
 
 Q_SIGNALS:
-    /// Clicked with the left button, or by assistive technology.
+    /// The user clicked it with the left button.
     void clicked();
 
     /// The user chose the menu entry with this `id`.

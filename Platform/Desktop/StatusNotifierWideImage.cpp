@@ -9,8 +9,7 @@ StatusNotifierState StatusNotifierWideImage::render(const StatusItemContent& con
     constexpr int height = 22;
     // Nobody tells what a panel looks like. Those that show wide pictures are dark unless their
     // user has made them otherwise, who then will have a light desktop, too.
-    const auto colors =
-        StatusItemColors::on(appearance_.preferred().value_or(Appearance::dark));
+    const auto colors = StatusItemColors::on(appearance_.preferred().value_or(Appearance::dark));
     const StatusItemPainter painter(content, height);
     return {.label = {},
             .labelGuide = {},

@@ -24,6 +24,7 @@ StripItem::StripItem(const StatusItemIdentity& identity, const QDBusConnection& 
 }
 
 void StripItem::show(const StatusItemContent& content) {
+    window_.adoptCompositing();
     window_.setContent(content);
     showUnlessCovered();
     icon_.show(content);

@@ -16,7 +16,7 @@ namespace platform {
 
 namespace {
 
-constexpr QMargins inset(10, 2, 10, 2);
+constexpr QMargins contentInset(10, 2, 10, 2);
 
 /// Between the strip and the edges.
 constexpr int distance = 4;
@@ -30,10 +30,8 @@ Qt::WindowFlags stripFlags() {
 } // namespace
 
 StripWindow::StripWindow(StripPosition position)
-    : StatusItemView(stripFlags(), inset), compositor_("_NET_WM_CM_S0"), position_(position) {
+    : StatusItemView(stripFlags(), contentInset), position_(position) {
     setAttribute(Qt::WA_TranslucentBackground);
-    adoptCompositing();
-    connect(&compositor_, &X11Selection::ownerChanged, this, &StripWindow::adoptCompositing);
     followScreens();
 }
 
@@ -63,11 +61,11 @@ void StripWindow::adoptCompositing() {
         return;
     // A window is of one kind for life.
     const bool wasVisible = isVisible();
+    hide();
     if (windowHandle())
         destroy();
     setAttribute(Qt::WA_TranslucentBackground, isComposited_);
-    if (wasVisible)
-        show();
+    setVisible(wasVisible);
 }
 
 void StripWindow::followScreens() {
@@ -92,9 +90,13 @@ QScreen& StripWindow::currentScreen() const {
     return screen_ ? *screen_ : *QGuiApplication::primaryScreen();
 }
 
-void StripWindow::place() {
+QRect StripWindow::room() const {
     constexpr QMargins margin(distance, distance, distance, distance);
-    move(position_.corner(size(), currentScreen().availableGeometry() - margin));
+    return currentScreen().availableGeometry() - margin;
+}
+
+void StripWindow::place() {
+    move(position_.corner(size(), room()));
 }
 
 void StripWindow::contentResized(QSize size) {
@@ -108,17 +110,16 @@ StatusItemColors StripWindow::colors() const {
 
 void StripWindow::paintGround(QPainter& painter) {
     const auto colors = SystemColors::of(palette());
+    const double radius = isComposited_ ? height() / 2.0 : 0;
     const double hairline = 1 / devicePixelRatioF();
-    const QRectF outline =
-        QRectF(rect()).adjusted(hairline / 2, hairline / 2, -hairline / 2, -hairline / 2);
-    painter.setPen(QPen(colors.separator, hairline));
-    painter.setBrush(colors.background);
-    if (!isComposited_) {
-        painter.drawRect(outline);
-        return;
-    }
+    const double inset = hairline / 2;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.drawRoundedRect(outline, outline.height() / 2, outline.height() / 2);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors.background);
+    painter.drawRoundedRect(rect(), radius, radius);
+    painter.setPen(QPen(colors.separator, hairline));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
 }
 
 void StripWindow::mousePressEvent(QMouseEvent* event) {
@@ -138,8 +139,7 @@ void StripWindow::mouseMoveEvent(QMouseEvent* event) {
 void StripWindow::dragTo(QPoint pointer) {
     if (QScreen* const below = QGuiApplication::screenAt(pointer))
         screen_ = below;
-    position_ = StripPosition::nearest(QRect(pointer - *pressedAt_, size()),
-                                       currentScreen().availableGeometry());
+    position_ = StripPosition::nearest(QRect(pointer - *pressedAt_, size()), room());
     place();
 }
 

@@ -2,7 +2,6 @@
 
 #include "Platform/Desktop/StatusItemView.h"
 #include "Platform/Desktop/StripPosition.h"
-#include "Platform/Desktop/X11Selection.h"
 
 #include <QPointer>
 #include <QScreen>
@@ -16,6 +15,9 @@ class StripWindow final : public StatusItemView {
 
 public:
     explicit StripWindow(StripPosition position);
+
+    /// Takes the shape that the display can show. Compositors come and go, and not all tell.
+    void adoptCompositing();
 
     void setVisible(bool isVisible) override;
 
@@ -34,14 +36,13 @@ protected:
 
 private:
     void presentToWindowManager();
-    void adoptCompositing();
     void followScreens();
     void followScreen(QScreen& screen);
     void place();
     void dragTo(QPoint pointer);
     QScreen& currentScreen() const;
+    QRect room() const; ///< where on the screen it may be
 
-    X11Selection compositor_;
     StripPosition position_;
     QPointer<QScreen> screen_;        ///< where it was dragged to; none: the primary one
     std::optional<QPoint> pressedAt_; ///< within the window

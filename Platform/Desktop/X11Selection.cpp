@@ -9,8 +9,7 @@
 
 namespace platform {
 
-X11Selection::X11Selection(const char* name, QObject* parent)
-    : QObject(parent), name_(name) {
+X11Selection::X11Selection(const char* name, QObject* parent) : QObject(parent), name_(name) {
     if (!x11::connection())
         return;
     // A new manager announces itself to those who listen to the root window.

@@ -15,8 +15,8 @@ platform::StatusItemOptions StatusItemPreferences::options(const platform::UserD
     const QString position =
         defaults.stringArray(stripPositionKey).value_or(QStringList()).join(QLatin1Char(','));
     return {.presentation = platform::statusItemPresentationKind(kind),
-            .stripPosition = platform::StripPosition::fromString(position).value_or(
-                platform::StripPosition())};
+            .stripPosition =
+                platform::StripPosition::fromString(position).value_or(platform::StripPosition())};
 }
 
 void StatusItemPreferences::setStripPosition(platform::UserDefaults& defaults,
