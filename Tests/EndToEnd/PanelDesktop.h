@@ -18,6 +18,9 @@ namespace test {
 /// The whole program on a virtual desktop with a real panel and assistive technology's bus. What is
 /// in the windows is read from the accessibility tree by another process.
 class PanelDesktop : public testing::Test {
+public:
+    ~PanelDesktop() override;
+
 protected:
     static constexpr QSize screen = VirtualDesktop::screen;
     static constexpr int panelHeight = 28;
@@ -26,7 +29,6 @@ protected:
 
     /// The panel is not there before `startPanel`.
     explicit PanelDesktop(PanelKind kind);
-    ~PanelDesktop() override;
 
     void startPanel();
 
