@@ -1,50 +1,65 @@
 #pragma once
 
+#include "Tests/EndToEnd/PanelKind.h"
 #include "Tests/EndToEnd/QuorvelProcess.h"
+#include "Tests/EndToEnd/VirtualDesktop.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/SimulatorProcess.h"
 
-#include <QRect>
-#include <QStringList>
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
-#include <map>
+#include <list>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace test {
 
-/// The whole program on a virtual display with a window manager, a compositor, a real panel and
-/// assistive technology's bus: each a process of its own. What a user does is done by X events, and
-/// what is seen is read from the accessibility tree by another process.
+/// The whole program on a virtual desktop with a real panel and assistive technology's bus. What is
+/// in the windows is read from the accessibility tree by another process.
 class PanelDesktop : public testing::Test {
-protected:
-    static constexpr QSize screen{1280, 800};
-    static constexpr int panelHeight = 28;
-
-    PanelDesktop();
+public:
     ~PanelDesktop() override;
 
-    /// Starts the program with these pairs on its watchlist, and waits for its item in the panel.
-    void start(const QByteArray& watchlist);
+protected:
+    static constexpr QSize screen = VirtualDesktop::screen;
+    static constexpr int panelHeight = 28;
+    /// The panel and some of what is below it.
+    static constexpr QRect panelArea{0, 0, screen.width(), 2 * panelHeight};
 
-    /// Clicks the item in the panel and chooses the first entry of its menu: this panel gives
-    /// clicks no other meaning. Waits until the popover has the keyboard.
-    void openPopover();
+    /// The panel is not there before `startPanel`.
+    explicit PanelDesktop(PanelKind kind);
 
-    /// Where the popover is with its shadow; absent while it does not have the keyboard.
+    void startPanel();
+
+    /// Ends all of its processes at once.
+    void killPanel();
+
+    /// Whether there is nothing on that part of the screen but one colour.
+    bool isBare(const QRect& area) const;
+
+    /// Whether there is something across the middle of the screen's upper edge.
+    bool showsPanel() const { return !isBare({screen.width() / 2, 4, 1, 2 * panelHeight}); }
+
+    /// Starts the program with these pairs on its watchlist.
+    void startProgram(const QByteArray& watchlist);
+
+    void push(const char* symbol, const char* price, const char* change) const;
+
+    /// Clicks the item and, where the panel gives clicks no other meaning, chooses the first entry
+    /// of its menu. Waits until the popover has the keyboard.
+    void openPopover(QPoint item);
+
+    /// Where the popover is without its shadow; absent until it has the keyboard.
     static std::optional<QRect> popover();
-
-    /// Types the keys as xdotool names them.
-    static void press(const QStringList& keys);
-    static void type(const char* text);
 
     /// What another program reads of the open windows: a line for each part that is shown, such as
     /// "push button|Quit|". Parts are role, name and description.
     static QStringList accessibleParts();
+
+    static bool showsWatchlist() {
+        return accessibleParts().contains(QStringLiteral("list|Watchlist|"));
+    }
 
     /// Whether a part with this beginning appears within ten seconds.
     static bool showsPart(const QString& beginning);
@@ -52,25 +67,16 @@ protected:
     /// The pairs in the file as they are now, a "*" behind a pinned one.
     std::vector<std::string> storedPairs() const;
 
+    const PanelKind kind_;
+    VirtualDesktop desktop_;
     SimulatorProcess simulator_;
     QuorvelProcess quorvel_;
 
 private:
-    void startDisplay();
-    void startPanel();
-    void setVariable(const char* name, const QByteArray& value);
-    static QByteArray pixels(const QRect& area);
-    static QByteArray run(const QString& program, const QStringList& arguments);
+    void openByMenu(QPoint item);
 
-    QTemporaryDir directory_;
-    std::map<QByteArray, std::optional<QByteArray>> environmentBefore_;
-    ChildProcess display_;
-    ChildProcess bus_;
-    ChildProcess windowManager_;
-    ChildProcess compositor_;
     ChildProcess accessibilityBus_;
-    ChildProcess indicatorService_;
-    ChildProcess panel_;
+    std::list<ChildProcess> panel_;
 };
 
 } // namespace test

@@ -77,7 +77,11 @@ void QuorvelProcess::start() {
     set("XDG_DATA_HOME", "data");
     set("XDG_CACHE_HOME", "cache");
     set("XDG_RUNTIME_DIR", "run");
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform_);
+    const QString platform = QStringLiteral("QT_QPA_PLATFORM");
+    if (usesDisplay_)
+        environment.remove(platform);
+    else
+        environment.insert(platform, QStringLiteral("offscreen"));
     process_.setProcessEnvironment(environment);
     process_.start(QStringLiteral(QUORVEL_EXECUTABLE), {});
     if (!process_.waitForStarted())

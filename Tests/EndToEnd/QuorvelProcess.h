@@ -47,8 +47,9 @@ public:
     QString watchlistPath() const;
     QString alertsPath() const;
 
-    /// Shows it on the display that the environment names. Before `start`.
-    void useDisplay() { platform_ = QStringLiteral("xcb"); }
+    /// Shows it on the display that the environment names, in the way it finds itself. Before
+    /// `start`.
+    void useDisplay() { usesDisplay_ = true; }
 
     /// Starts the program on the session bus that the environment names, without a display unless
     /// told to use one.
@@ -82,7 +83,7 @@ private:
 
     std::shared_ptr<QTemporaryDir> directory_;
     QMap<QString, QString> preferences_;
-    QString platform_ = QStringLiteral("offscreen");
+    bool usesDisplay_ = false;
     QProcess process_;
 };
 

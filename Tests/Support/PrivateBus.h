@@ -8,13 +8,17 @@
 
 namespace test {
 
-/// A session bus of a test's own: a dbus-daemon that starts no services and ends with this object.
+/// A session bus of a test's own: a dbus-daemon that ends with this object. Processes of other
+/// users may use it.
 ///
 /// The environment names it as the session bus while it lives. Qt looks there only once in a
 /// process, so a process with several of these uses the connections made here.
 class PrivateBus {
 public:
-    PrivateBus();
+    /// The services that the daemon starts when they are called for.
+    enum class Services { none, installed };
+
+    explicit PrivateBus(Services services = Services::none);
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
     ~PrivateBus();
@@ -28,7 +32,7 @@ public:
     void stop();
 
 private:
-    QString writeConfiguration() const;
+    QString writeConfiguration(Services services) const;
 
     QTemporaryDir directory_;
     ChildProcess daemon_;

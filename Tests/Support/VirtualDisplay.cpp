@@ -8,7 +8,8 @@ using namespace std::chrono_literals;
 
 VirtualDisplay::VirtualDisplay() : displayBefore_(qgetenv("DISPLAY")) {
     // It writes the number it has chosen to its standard output once it is ready.
-    server_.start({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"});
+    server_.start(
+        {"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-ac"});
     const std::string number = server_.readLine(30s);
     if (number.empty())
         throw std::runtime_error("the virtual display does not start");

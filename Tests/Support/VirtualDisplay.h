@@ -6,7 +6,8 @@
 
 namespace test {
 
-/// An X display of a test's own, in memory. The environment names it while it lives.
+/// An X display of a test's own, in memory: 1280 by 800, and open to processes of other users. The
+/// environment names it while it lives.
 class VirtualDisplay {
 public:
     /// @throws std::runtime_error where it does not start
