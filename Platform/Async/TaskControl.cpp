@@ -17,7 +17,7 @@ QEvent::Type eventType() {
     return type;
 }
 
-void printError(const std::exception_ptr& error) {
+void printError(const std::exception_ptr& error) noexcept {
     try {
         std::rethrow_exception(error);
     } catch (const std::exception& exception) {
@@ -79,7 +79,7 @@ void TaskControl::run(std::coroutine_handle<> first) {
 }
 
 void TaskControl::finish(TaskOutcome outcome) {
-    const auto keptAlive = shared_from_this();
+    const auto keptAlive = weak_from_this().lock(); // does not throw: destructors come here
     // Set before the frames die: their destructors may ask, or cancel once more.
     outcome_ = outcome;
     const std::exception_ptr error = error_;

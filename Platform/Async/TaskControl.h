@@ -52,7 +52,7 @@ private:
 class TaskControl final : public QObject, public std::enable_shared_from_this<TaskControl> {
 public:
     /// Receives the exception that left a started task.
-    using UnhandledErrorHook = void (*)(const std::exception_ptr& error);
+    using UnhandledErrorHook = void (*)(const std::exception_ptr& error) noexcept;
 
     /// Sets what is called with an exception that leaves any started task; the one before is
     /// returned. The first one prints the error's text to the standard error stream.

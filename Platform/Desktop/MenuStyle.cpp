@@ -90,7 +90,7 @@ QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     if (type != CT_MenuItem || !item)
         return QProxyStyle::sizeFromContents(type, option, size, widget);
     if (item->menuItemType == QStyleOptionMenuItem::Separator)
-        return {0, separatorHeight};
+        return {textInset, separatorHeight}; // without a width it is left out
     const QFontMetrics metrics(item->font);
     return {textInset + metrics.size(Qt::TextHideMnemonic, item->text).width() + trailingPadding,
             rowHeight};

@@ -27,9 +27,14 @@ void ClosingWebSockets::forget(QWebSocket* socket) {
     const auto found = sockets_.find(socket);
     if (found == sockets_.end())
         return;
-    // Inside the socket's own signal.
-    found->second.release()->deleteLater();
+    discard(std::move(found->second));
     sockets_.erase(found);
+}
+
+void ClosingWebSockets::discard(std::unique_ptr<QWebSocket> socket) {
+    // A child, since at its end a thread no longer delivers a deletion that was put off.
+    socket->setParent(context_.get());
+    socket.release()->deleteLater();
 }
 
 } // namespace platform

@@ -21,14 +21,18 @@ public:
     /// Sends the close frame over an open socket. Its owner listens to it no more.
     void close(std::unique_ptr<QWebSocket> socket, std::uint16_t closeCode);
 
-    /// Whether every socket has gone.
+    /// Deletes a socket as soon as none of its signals can be running, at the latest with this
+    /// object.
+    void discard(std::unique_ptr<QWebSocket> socket);
+
+    /// Whether every socket has said goodbye.
     bool isEmpty() const { return sockets_.empty(); }
 
 private:
     void forget(QWebSocket* socket);
 
     std::map<QWebSocket*, std::unique_ptr<QWebSocket>> sockets_;
-    std::unique_ptr<QObject> context_;
+    std::unique_ptr<QObject> context_; ///< parent of the discarded
 };
 
 } // namespace platform

@@ -175,8 +175,7 @@ void Task::release() {
     if (!socket_)
         return;
     socket_->abort();
-    // This may run inside one of the socket's own signals.
-    socket_.release()->deleteLater();
+    closing_.discard(std::move(socket_));
 }
 
 } // namespace platform

@@ -27,6 +27,10 @@ double paint(QPainter& painter, QPointF origin, double width, const QString& tex
 
 } // namespace
 
+bool FittedText::fits(const QFont& font, double width, const QString& text) {
+    return QFontMetricsF(font).horizontalAdvance(text) * smallestScale <= width;
+}
+
 double FittedText::scale(double advance, double width) {
     return advance > width ? std::max(smallestScale, width / advance) : 1;
 }

@@ -3,6 +3,7 @@
 #include <QRectF>
 #include <QString>
 
+class QFont;
 class QPainter;
 
 namespace quorvel {
@@ -20,6 +21,9 @@ struct FittedText {
     /// As `paintLeading`, with the line's end at `right`.
     static void paintTrailing(QPainter& painter, double right, double baseline, double width,
                               const QString& text);
+
+    /// Whether `text` is drawn in `width` without an ellipsis.
+    static bool fits(const QFont& font, double width, const QString& text);
 
     /// The scale at which a text of `advance` is drawn in `width`.
     static double scale(double advance, double width);

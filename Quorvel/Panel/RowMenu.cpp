@@ -12,8 +12,6 @@ using platform::localized;
 
 namespace {
 
-constexpr int verticalPadding = 4;
-
 /// A text as menus take it, where an ampersand stands for an access key.
 QString literally(QString text) {
     return text.replace(u'&', QStringLiteral("&&"));
@@ -23,11 +21,9 @@ QString literally(QString text) {
 
 RowMenu::RowMenu(const Symbol& symbol, std::size_t index, AppModel& model,
                  const std::function<void()>& onOpenSettings, QWidget* parent)
-    : QMenu(parent) {
-    setAttribute(Qt::WA_DeleteOnClose);
-    setContentsMargins(0, verticalPadding, 0, verticalPadding);
+    : PopupMenu(parent) {
     WatchlistStore& watchlist = model.watchlist();
-    const auto add = [this](const QString& text, auto action) {
+    const auto add = [this](const QString& text, const auto& action) {
         return addAction(literally(text), this, action);
     };
     add(localized("Quorvel", "Move Up"), [&watchlist, index] {
@@ -51,7 +47,7 @@ RowMenu::RowMenu(const Symbol& symbol, std::size_t index, AppModel& model,
 }
 
 void RowMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
-    QMenu::initStyleOption(option, action);
+    PopupMenu::initStyleOption(option, action);
     if (action != remove_)
         return;
     const QColor red = brandRed(platform::appearanceOf(palette()));

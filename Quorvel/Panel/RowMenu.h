@@ -1,15 +1,14 @@
 #pragma once
 
+#include "Platform/Desktop/PopupMenu.h"
 #include "Quorvel/Model/AppModel.h"
-
-#include <QMenu>
 
 #include <functional>
 
 namespace quorvel {
 
 /// What can be done with a row of the watchlist. Deletes itself when it closes.
-class RowMenu final : public QMenu {
+class RowMenu final : public platform::PopupMenu {
     Q_OBJECT
 
 public:

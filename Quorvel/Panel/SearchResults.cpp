@@ -18,13 +18,13 @@ constexpr int dividerSpacing = 10;
 
 } // namespace
 
-SearchResults::SearchResults(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+SearchResults::SearchResults(AppModel& model, QWidget* parent)
+    : QWidget(parent), model_(model), list_(new QVBoxLayout) {
     setObjectName(QStringLiteral("results"));
     setAccessibleName(platform::localized("Quorvel", "Search results"));
     auto* const sections = new QVBoxLayout(this);
     sections->setContentsMargins(0, 0, 0, 0);
     sections->setSpacing(dividerSpacing);
-    list_ = new QVBoxLayout;
     list_->setSpacing(resultSpacing);
     sections->addLayout(list_);
     sections->addWidget(new platform::Divider(this));

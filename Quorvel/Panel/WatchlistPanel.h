@@ -58,17 +58,17 @@ private:
 
     AppModel& model_;
     std::function<void()> onOpenSettings_;
-    platform::MessageLine* warning_;
-    SearchField* search_;
-    SearchResults* results_;
-    platform::MessageLine* emptyText_;
-    WatchlistRows* rows_;
-    WatchlistList* list_;
-    platform::MessageLine* persistError_;
-    platform::MessageLine* loadError_;
-    platform::MessageLine* hint_;
-    QWidget* settings_;
-    QWidget* quit_;
+    platform::MessageLine* warning_ = nullptr;
+    SearchField* search_ = nullptr;
+    SearchResults* results_ = nullptr;
+    platform::MessageLine* emptyText_ = nullptr;
+    WatchlistRows* rows_ = nullptr;
+    WatchlistList* list_ = nullptr;
+    platform::MessageLine* persistError_ = nullptr;
+    platform::MessageLine* loadError_ = nullptr;
+    platform::MessageLine* hint_ = nullptr;
+    QWidget* settings_ = nullptr;
+    QWidget* quit_ = nullptr;
 };
 
 } // namespace quorvel

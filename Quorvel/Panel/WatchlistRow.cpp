@@ -44,6 +44,14 @@ constexpr int markSpacing = 3;
 
 const QString noPrice = QStringLiteral("—");
 
+QFont nameFont() {
+    return platform::systemFont(lineSize, QFont::Medium);
+}
+
+QFont priceFont() {
+    return platform::monospacedSystemFont(lineSize);
+}
+
 } // namespace
 
 WatchlistRow::WatchlistRow(Symbol symbol, AppModel& model, std::function<void()> onOpenSettings,
@@ -82,8 +90,11 @@ std::optional<WatchlistRow::ShownQuote> WatchlistRow::currentQuote() const {
 }
 
 void WatchlistRow::refreshQuote() {
-    if (currentQuote() != painted_)
-        update(priceColumn());
+    if (currentQuote() == painted_)
+        return;
+    update(priceColumn());
+    if (isHovering_)
+        QToolTip::hideText(); // it may tell the old price
 }
 
 bool WatchlistRow::hasEnabledAlert() const {
@@ -112,12 +123,23 @@ QString WatchlistRow::spokenDescription() const {
 
 bool WatchlistRow::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
-        // For names and prices that were too long for their columns.
         const auto* const help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), spokenName(), this);
+        QToolTip::showText(help->globalPos(), cutTexts(), this);
         return true;
     }
     return QWidget::event(event);
+}
+
+QString WatchlistRow::cutTexts() const {
+    QStringList texts;
+    const auto add = [&texts](const QFont& font, double width, const QString& text) {
+        if (!FittedText::fits(font, width, text))
+            texts += text;
+    };
+    add(nameFont(), nameRoom(), QString::fromStdString(symbol_.base));
+    if (const auto quote = currentQuote())
+        add(priceFont(), priceWidth, PriceFormatter::price(quote->lastPrice));
+    return texts.join(QStringLiteral("  "));
 }
 
 bool WatchlistRow::eventFilter(QObject* object, QEvent* event) {
@@ -176,6 +198,11 @@ void WatchlistRow::contextMenuEvent(QContextMenuEvent* event) {
                                                             : event->globalPos());
 }
 
+double WatchlistRow::nameRoom() const {
+    const int marks = (model_.watchlist().isPinned(symbol_) ? 1 : 0) + (hasEnabledAlert() ? 1 : 0);
+    return nameWidth - marks * (markSpacing + markSize);
+}
+
 QRect WatchlistRow::nameColumn() const {
     return {horizontalInset, 0, nameWidth, height()};
 }
@@ -216,11 +243,9 @@ void WatchlistRow::paintEvent(QPaintEvent* event) {
 void WatchlistRow::paintNames(QPainter& painter) const {
     const auto colors = SystemColors::of(palette());
     const QRect column = nameColumn();
-    const int marks = (model_.watchlist().isPinned(symbol_) ? 1 : 0) + (hasEnabledAlert() ? 1 : 0);
-    const double room = column.width() - marks * (markSpacing + markSize);
-    painter.setFont(platform::systemFont(lineSize, QFont::Medium));
+    painter.setFont(nameFont());
     painter.setPen(colors.label);
-    const double drawn = FittedText::paintLeading(painter, column.left(), firstBaseline, room,
+    const double drawn = FittedText::paintLeading(painter, column.left(), firstBaseline, nameRoom(),
                                                   QString::fromStdString(symbol_.base));
     paintMarks(painter, column.left() + drawn + markSpacing);
     painter.setFont(platform::systemFont(quoteAssetSize));
@@ -247,7 +272,7 @@ void WatchlistRow::paintQuote(QPainter& painter) {
     const QRect column = priceColumn();
     const double right = column.right() + 1;
     painted_ = currentQuote();
-    painter.setFont(platform::monospacedSystemFont(lineSize));
+    painter.setFont(priceFont());
     if (!painted_) {
         painter.setPen(colors.secondaryLabel);
         painter.drawText(column, Qt::AlignRight | Qt::AlignVCenter, noPrice);

@@ -76,6 +76,8 @@ private:
     std::optional<ShownQuote> currentQuote() const;
     bool hasEnabledAlert() const;
     void setHovering(bool isHovering);
+    QString cutTexts() const;
+    double nameRoom() const;
     QRect nameColumn() const;
     QRect priceColumn() const;
     void paintNames(QPainter& painter) const;

@@ -48,11 +48,11 @@ private:
     void add();
 
     AppModel& model_;
-    platform::Picker* coin_;
-    platform::Picker* condition_;
-    platform::TextField* threshold_;
-    platform::CheckBox* repeat_;
-    platform::PushButton* add_;
+    platform::Picker* coin_ = nullptr;
+    platform::Picker* condition_ = nullptr;
+    platform::TextField* threshold_ = nullptr;
+    platform::CheckBox* repeat_ = nullptr;
+    platform::PushButton* add_ = nullptr;
     std::vector<Symbol> coins_; ///< as listed behind the item that means none
     platform::TaskScope requests_;
 };

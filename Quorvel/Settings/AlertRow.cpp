@@ -37,13 +37,14 @@ QString wording(const AlertRule& rule) {
 } // namespace
 
 AlertRow::AlertRow(AlertStore& alerts, const AlertRule& rule, QWidget* parent)
-    : QWidget(parent), id_(rule.id) {
-    control_ = new Switch(this);
-    text_ = new TextLine({}, TextLine::Strength::primary, this);
+    : QWidget(parent),
+      id_(rule.id),
+      control_(new Switch(this)),
+      text_(new TextLine({}, TextLine::Strength::primary, this)),
+      state_(new TextLine({}, TextLine::Strength::tertiary, this)),
+      remove_(new PlainButton({}, this)) {
     text_->setFont(platform::systemFont(FormFonts::label));
-    state_ = new TextLine({}, TextLine::Strength::tertiary, this);
     state_->setFont(platform::systemFont(FormFonts::caption));
-    remove_ = new PlainButton({}, this);
     remove_->setSymbol(platform::SymbolImage(QStringLiteral("trash")), trashSize);
     remove_->setToolTip(localized("Quorvel", "Delete"));
     layOut();

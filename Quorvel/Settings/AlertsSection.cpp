@@ -26,12 +26,13 @@ QWidget* stopBefore(QWidget& widget) {
 } // namespace
 
 AlertsSection::AlertsSection(AppModel& model, QWidget* parent)
-    : FormSection(localized("Quorvel", "Alerts"), parent), model_(model) {
+    : FormSection(localized("Quorvel", "Alerts"), parent),
+      model_(model),
+      form_(new AlertForm(model)) {
     permission_ = addMessage(Kind::warning);
     deliveryError_ = addMessage(Kind::error);
     persistError_ = addMessage(Kind::error);
     addEmptyText();
-    form_ = new AlertForm(model);
     card().addRow(form_);
     followModel();
     refreshMessages();

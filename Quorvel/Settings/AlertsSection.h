@@ -27,8 +27,8 @@ Q_SIGNALS:
 
 private:
     struct Message {
-        Notice* notice;
-        platform::Reveal* reveal;
+        Notice* notice = nullptr;
+        platform::Reveal* reveal = nullptr;
     };
     struct Row {
         AlertRow* row;
@@ -47,7 +47,7 @@ private:
     Message permission_;
     Message deliveryError_;
     Message persistError_;
-    platform::Reveal* emptyText_;
+    platform::Reveal* emptyText_ = nullptr;
     std::vector<Row> rows_;
     AlertForm* form_;
 };

@@ -19,8 +19,10 @@ constexpr int hintBottom = 10;
 } // namespace
 
 FormRow::FormRow(const QString& label, QWidget* control, QWidget* parent)
-    : QWidget(parent), control_(control) {
-    label_ = new TextLine({}, TextLine::Strength::primary, this);
+    : QWidget(parent),
+      label_(new TextLine({}, TextLine::Strength::primary, this)),
+      control_(control),
+      lines_(new QVBoxLayout(this)) {
     label_->setFont(platform::systemFont(FormFonts::label));
     control->setFont(label_->font());
     auto* const line = new QHBoxLayout;
@@ -29,7 +31,6 @@ FormRow::FormRow(const QString& label, QWidget* control, QWidget* parent)
     line->addStrut(preferredHeight);
     line->addWidget(label_, 1);
     line->addWidget(control);
-    lines_ = new QVBoxLayout(this);
     lines_->setContentsMargins(0, 0, 0, 0);
     lines_->setSpacing(0);
     lines_->addLayout(line);

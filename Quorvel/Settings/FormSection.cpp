@@ -15,14 +15,14 @@ constexpr int titleSpacing = 8;
 
 } // namespace
 
-FormSection::FormSection(const QString& title, QWidget* parent) : QWidget(parent) {
+FormSection::FormSection(const QString& title, QWidget* parent)
+    : QWidget(parent), card_(new FormCard(this)) {
     platform::setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(title);
     using platform::TextLine;
     auto* const header = new TextLine(title, TextLine::Strength::secondary, this);
     header->setFont(platform::systemFont(titleSize, QFont::DemiBold));
     header->setContentsMargins(FormCard::inset, 0, FormCard::inset, 0);
-    card_ = new FormCard(this);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(titleSpacing);

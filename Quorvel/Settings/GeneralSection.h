@@ -28,7 +28,7 @@ private:
 
     AppModel& model_;
     std::function<void()> onRelaunch_;
-    platform::Reveal* restart_;
+    platform::Reveal* restart_ = nullptr;
 };
 
 } // namespace quorvel

@@ -30,13 +30,13 @@ private:
     void refresh();
 
     SettingsStore& settings_;
-    platform::Reveal* fixedHint_;
-    FormRow* rotationRow_;
-    platform::Stepper* rotation_;
-    platform::Reveal* rotationReveal_;
-    FormRow* limitRow_;
-    platform::Stepper* limit_;
-    platform::Reveal* limitReveal_;
+    platform::Reveal* fixedHint_ = nullptr;
+    FormRow* rotationRow_ = nullptr;
+    platform::Stepper* rotation_ = nullptr;
+    platform::Reveal* rotationReveal_ = nullptr;
+    FormRow* limitRow_ = nullptr;
+    platform::Stepper* limit_ = nullptr;
+    platform::Reveal* limitReveal_ = nullptr;
 };
 
 } // namespace quorvel

@@ -17,8 +17,8 @@ constexpr int signSpacing = 6;
 
 } // namespace
 
-Notice::Notice(MessageLine::Kind kind, QWidget* parent) : QWidget(parent) {
-    line_ = new MessageLine(kind, FormFonts::caption, this);
+Notice::Notice(MessageLine::Kind kind, QWidget* parent)
+    : QWidget(parent), line_(new MessageLine(kind, FormFonts::caption, this)) {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(signSize + signSpacing, 0, 0, 0);
     layout->addWidget(line_);

@@ -180,6 +180,8 @@ void AppDelegate::chooseFromMenu(int id) {
     case StatusMenu::quit:
         terminate();
         break;
+    default:
+        break;
     }
 }
 

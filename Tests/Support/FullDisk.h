@@ -8,9 +8,8 @@ namespace test {
 /// Lets no file of this process grow beyond a size while it lives: what a full disk looks like.
 class FullDisk {
 public:
-    explicit FullDisk(rlim_t bytes) {
+    explicit FullDisk(rlim_t bytes) : signalBefore_(::signal(SIGXFSZ, SIG_IGN)) {
         ::getrlimit(RLIMIT_FSIZE, &before_);
-        signalBefore_ = ::signal(SIGXFSZ, SIG_IGN);
         const rlimit limited{bytes, before_.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limited);
     }
@@ -23,7 +22,7 @@ public:
 
 private:
     rlimit before_{};
-    sighandler_t signalBefore_ = nullptr;
+    sighandler_t signalBefore_;
 };
 
 } // namespace test

@@ -51,8 +51,7 @@ step_scripts() {
 step_tidy() {
     requirePackages build test tidy
     buildPreset debug
-    cxxFiles | { grep '\.cpp$' || true; } | python3 Tools/Checks/compiled.py build/debug |
-        xargs -P "$(nproc)" -n 4 clang-tidy-19 -p build/debug --quiet
+    cxxFiles | { grep '\.cpp$' || true; } | python3 Tools/Checks/tidy.py build/debug "$(nproc)"
 }
 
 step_asan() {

@@ -13,7 +13,7 @@ packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)
 packages_desktop=(
     xvfb dbus-daemon openbox picom xdotool imagemagick x11-utils
     mate-panel mate-indicator-applet ayatana-indicator-application dunst
-    adwaita-icon-theme fonts-dejavu-core at-spi2-core python3-pyatspi
+    adwaita-icon-theme fonts-dejavu-core fonts-wqy-microhei at-spi2-core python3-pyatspi
 )
 packages_bench=(libbenchmark-dev python3)
 packages_format=(git clang-format-19)

@@ -13,6 +13,7 @@ import desktop
 import picture
 from children import Children, Failure
 from profile import OTHERS, PINNED, Profile
+from tour import Tour
 
 ROOT = Path(__file__).absolute().parents[2]
 FOLDER = ROOT / "build" / "demo"
@@ -25,6 +26,9 @@ PICTURED = 2
 DRAWN_AFTER = 0.7
 # Prices walk across a threshold near by sooner than this, in all likelihood.
 ALERTS_FIRE_WITHIN = 30
+# Opening every window in every look, and how long a busy machine may take longer.
+TOUR_TAKES = 35
+TOUR_GRACE = 60
 
 PRICED = re.compile(rf"\b({'|'.join(PINNED + OTHERS)}) -?\d[\d,]*\.\d")
 
@@ -58,7 +62,7 @@ def arguments():
 
 
 def run(options, children):
-    for name in ("panel.png", "screen.png", "notification.png"):
+    for name in ("panel.png", "screen.png", "notification.png", *Tour.pictures()):
         (FOLDER / name).unlink(missing_ok=True)
     profile = Profile(FOLDER / "profile")
     if options.desktop == "virtual":
@@ -77,13 +81,26 @@ def run(options, children):
     for name in ("reader", "notifications"):
         children.start(name, ["/usr/bin/python3", str(ROOT / f"Tools/Demo/{name}.py")],
                        environment, stdout=sink)
-    children.start(
-        "quorvel", [str(RELEASE / "Quorvel/quorvel")], profile.environment(environment))
+
+    def start_program(preferences, variables):
+        children.stop("quorvel")
+        profile.prefer(preferences)
+        children.start("quorvel", [str(RELEASE / "Quorvel/quorvel")],
+                       profile.environment(environment) | variables)
+
+    tour = None
+    if options.desktop == "virtual" and (options.seconds or TOUR_TAKES) >= TOUR_TAKES:
+        tour = Tour(FOLDER, environment, start_program)
+        tour.start()
+    else:
+        start_program({}, {})
+        print("Pictures of the windows are taken on a virtual desktop only, and take"
+              f" {TOUR_TAKES} seconds.")
 
     print("The status text as the panel gets it, and notifications as the daemon takes them"
           + ("" if options.seconds else ", until Ctrl-C") + ":")
     show = Show(source, children, environment)
-    show.follow(options.seconds)
+    show.follow(options.seconds, tour)
     print(f"Saved {picture.save(FOLDER, environment).relative_to(ROOT)}")
     show.judge(options.seconds)
 
@@ -108,12 +125,15 @@ class Show:
         self.notifications = []
         self.picture_due = float("inf")
 
-    def follow(self, seconds):
+    def follow(self, seconds, tour):
         """Passes on what the readers print until the time is over or Ctrl-C."""
         end = time.monotonic() + seconds if seconds else float("inf")
+        last = end + TOUR_GRACE
         try:
-            while (left := end - time.monotonic()) > 0:
+            while (left := (last if tour and tour.is_alive() else end) - time.monotonic()) > 0:
                 self.children.check()
+                if tour and tour.failure:
+                    raise tour.failure
                 if select.select([self.source], [], [], min(left, 0.25))[0]:
                     self.read()
                 if time.monotonic() > self.picture_due:
@@ -122,6 +142,8 @@ class Show:
             print()
         if self.picture_due < float("inf"):
             self.picture_notification()
+        if tour and seconds and tour.is_alive():
+            raise Failure("the windows' pictures took too long")
 
     def read(self):
         *lines, self.rest = (self.rest + os.read(self.source, 65536)).split(b"\n")

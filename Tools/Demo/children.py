@@ -68,8 +68,14 @@ class Children:
         return child
 
     def check(self):
-        for child in self.started:
+        for child in list(self.started):
             child.check()
+
+    def stop(self, name):
+        """Ends the process of this name, if there is one, and forgets it."""
+        for child in [child for child in self.started if child.name == name]:
+            self.started.remove(child)
+            child.end()
 
     def end(self):
         while self.started:

@@ -9,7 +9,7 @@ from children import wait_for
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 NOTIFICATIONS = "org.freedesktop.Notifications"
-SCREEN = "1280x800x24"
+SCREEN = "1920x1200x24"
 INDICATOR_SERVICE = \
     "/usr/libexec/ayatana-indicator-application/ayatana-indicator-application-service"
 
@@ -36,8 +36,8 @@ panel-right-stick=true
 DAEMON_SETTINGS = """\
 [global]
 font = DejaVu Sans 10
-origin = top-right
-offset = 12x40
+origin = bottom-left
+offset = 12x12
 width = 320
 icon_theme = Adwaita
 enable_recursive_icon_lookup = true

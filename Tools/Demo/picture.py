@@ -29,6 +29,16 @@ def save_notification(folder, environment):
     return notification
 
 
+def save_area(file, area, environment):
+    """Saves the part of the screen with this width, height and upper left corner."""
+    screen = file.with_suffix(".screen.png")
+    _capture(screen, environment)
+    width, height, left, top = area
+    _run(["convert", str(screen), "-crop", f"{width}x{height}+{left}+{top}", "+repage", str(file)],
+         environment)
+    screen.unlink()
+
+
 def _capture(screen, environment):
     if environment.get("WAYLAND_DISPLAY") and shutil.which("grim"):
         _run(["grim", str(screen)], environment)

@@ -22,6 +22,7 @@ class Profile:
 
     def __init__(self, folder):
         self.folder = folder
+        self.preferences = {}
         shutil.rmtree(folder, ignore_errors=True)
         self.variables = {
             "XDG_CONFIG_HOME": folder / "config",
@@ -37,18 +38,21 @@ class Profile:
 
     def prepare(self, rest_url):
         """Writes preferences that lead to the simulator, a watchlist, and alerts that soon fire."""
-        stream_url = rest_url.replace("http://", "ws://", 1) + "/stream"
-        self._write("XDG_CONFIG_HOME", "Quorvel.conf", "\n".join([
-            "[General]",
-            f"exchange.restURL={rest_url}",
-            f"exchange.streamURL={stream_url}",
-            "display.mode=sideBySide",
-            f"display.sideBySideLimit={SHOWN_AT_ONCE}",
-            "",
-        ]))
+        self.preferences = {
+            "exchange.restURL": rest_url,
+            "exchange.streamURL": rest_url.replace("http://", "ws://", 1) + "/stream",
+            "display.mode": "sideBySide",
+            "display.sideBySideLimit": SHOWN_AT_ONCE,
+        }
+        self.prefer({})
         self._write("XDG_DATA_HOME", "watchlist.json", json.dumps(
             [self._item(base, base in PINNED) for base in PINNED + OTHERS]))
         self._write("XDG_DATA_HOME", "alerts.json", json.dumps(self._alerts(rest_url)))
+
+    def prefer(self, preferences):
+        """Writes the prepared preferences and these. While the program does not run."""
+        lines = [f"{key}={value}" for key, value in (self.preferences | preferences).items()]
+        self._write("XDG_CONFIG_HOME", "Quorvel.conf", "\n".join(["[General]", *lines, ""]))
 
     def _write(self, home, name, text):
         folder = self.variables[home] / "Quorvel"

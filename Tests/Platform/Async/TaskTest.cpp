@@ -75,7 +75,7 @@ Task<> throwing(const char* text) {
 
 std::string caught;
 
-void catchError(const std::exception_ptr& error) {
+void catchError(const std::exception_ptr& error) noexcept {
     try {
         std::rethrow_exception(error);
     } catch (const std::exception& exception) {

@@ -67,9 +67,9 @@ TEST_F(StatusNotifierCalls, HostileOnesGetAnErrorReply) {
     const QString item = QString::fromLatin1(itemInterface);
     const QString menu = QString::fromLatin1(menuInterface);
     struct Hostile {
-        const char* member;
+        const char* member = nullptr;
         QVariantList arguments;
-        const char* error;
+        const char* error = nullptr;
     };
     const auto expectErrors = [this](const char* path, const char* interface,
                                      std::initializer_list<Hostile> calls) {

@@ -130,7 +130,7 @@ TEST_F(StatusNotifierItem, SendsPixmapsOfTwoSizesInNetworkOrder) {
     const auto pixmaps = qdbus_cast<IconPixmapList>(property("IconPixmap"));
     ASSERT_EQ(pixmaps.size(), 2);
     for (qsizetype index = 0; index < 2; ++index) {
-        const int size = index == 0 ? 22 : 44;
+        const qsizetype size = index == 0 ? 22 : 44;
         const IconPixmap& pixmap = pixmaps[index];
         EXPECT_EQ(pixmap.width, size);
         EXPECT_EQ(pixmap.height, size);

@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(Schemes, EachScheme,
 
 double luminance(const QColor& color) {
     const auto linear = [](float part) {
-        const double value = static_cast<double>(part);
+        const auto value = static_cast<double>(part);
         return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
     };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +

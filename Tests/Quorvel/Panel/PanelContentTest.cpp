@@ -6,8 +6,10 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include <array>
 #include <cmath>
@@ -243,6 +245,20 @@ TEST_F(PanelContent, RepaintsOnlyTheRowThatChangedAndNothingWhileClosed) {
     reopen();
     EXPECT_EQ(painted.take().size(), 3u);
     EXPECT_EQ(row("ETH").spokenName(), QStringLiteral("ETHUSDT, 6.0000, +1.00%, out of date"));
+}
+
+TEST_F(PanelContent, TellsInATooltipOnlyWhatWasTooLongForItsColumn) {
+    show({"BTC", "ETH"});
+    apply("BTC", "65000", "1");
+    apply("ETH", "12345678901234567890", "1");
+    const auto tooltipOf = [this](const char* base) {
+        QHelpEvent help(QEvent::ToolTip, QPoint(20, 20), QPoint(20, 20));
+        QApplication::sendEvent(&row(base), &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tooltipOf("BTC"), QString());
+    EXPECT_EQ(tooltipOf("ETH"), QStringLiteral("12,345,678,901,234,567,890.00"));
+    QToolTip::hideText();
 }
 
 TEST_F(PanelContent, ScrollsWhenTheScreenIsTooSmallAndKeepsTheFocusedRowInSight) {

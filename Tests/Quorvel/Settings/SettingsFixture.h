@@ -32,7 +32,7 @@ protected:
     /// The same; throws where there is none.
     template <typename Control>
     Control& get(const char* name) const {
-        if (Control* const control = find<Control>(name))
+        if (auto* const control = find<Control>(name))
             return *control;
         throw std::out_of_range(std::string("nothing seen is called ") + name);
     }

@@ -8,11 +8,11 @@ namespace {
 
 /// In points; heights count upward from the icon's lower edge.
 struct Candle {
-    double left;
-    double bodyBottom;
-    double bodyTop;
-    double wickBottom;
-    double wickTop;
+    double left = 0;
+    double bodyBottom = 0;
+    double bodyTop = 0;
+    double wickBottom = 0;
+    double wickTop = 0;
     QColor color;
 };
 

@@ -145,7 +145,7 @@ TEST(AlertRule, KeepsEveryBitOfInstantsAndCooldowns) {
         AlertRule rule = repeatingBTC;
         rule.lastTriggeredAt = Date(TimeInterval(seconds));
         rule.repeatMode.cooldown = TimeInterval(seconds);
-        const AlertRule read = valueOf<AlertRule>(textOf(rule));
+        const auto read = valueOf<AlertRule>(textOf(rule));
         EXPECT_EQ(bits(read.lastTriggeredAt->time_since_epoch()), bits(TimeInterval(seconds)));
         EXPECT_EQ(bits(*read.repeatMode.cooldown), bits(TimeInterval(seconds)));
     }

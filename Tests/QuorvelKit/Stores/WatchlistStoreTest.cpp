@@ -88,6 +88,7 @@ TEST_F(Watchlist, IsEmptyWhenItCannotBeLoaded) {
 TEST(FileWatchlistPersistence, LoadsWhatMakesSense) {
     const std::string pinnedBTC =
         R"({"symbol":{"base":"BTC","quote":"USDT"},"isPinnedToStatusBar":true})";
+    const std::string twoPinned = pinnedBTC + "," + pinnedBTC;
     const WatchlistItem pinned{btc, true};
     struct File {
         std::string content;
@@ -98,7 +99,7 @@ TEST(FileWatchlistPersistence, LoadsWhatMakesSense) {
     for (const auto& [content, items] :
          cases(File{"", {}}, File{"[]", {}}, File{"rubbish", {}}, File{pinnedBTC, {}},
                File{"[" + pinnedBTC + ",", {}}, File{"[" + pinnedBTC + "][]", {}},
-               File{"[" + pinnedBTC + "," + pinnedBTC + "]", {pinned, pinned}},
+               File{"[" + twoPinned + "]", {pinned, pinned}},
                File{R"([{"symbol":{"base":"ETH","quote":"USDT"}},)" + pinnedBTC + "]", {pinned}},
                File{R"([{"symbol":{"base":"btc","quote":"USDT"},"isPinnedToStatusBar":true},)" +
                         pinnedBTC + "]",
