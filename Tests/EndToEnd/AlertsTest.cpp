@@ -1,5 +1,6 @@
 #include "Tests/EndToEnd/LiveSession.h"
 #include "Tests/EndToEnd/NotificationDaemon.h"
+#include "Tests/Support/VirtualDisplay.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QFile>
@@ -54,6 +55,7 @@ protected:
     }
 
     static inline int ruleCount = 0;
+    test::VirtualDisplay display_;
     test::NotificationDaemon daemon_{panelBus_};
 };
 

@@ -16,10 +16,11 @@ namespace {
 
 const QString service = QStringLiteral("org.freedesktop.Notifications");
 
-// Nothing leaves the screen before the test asks.
-constexpr char settings[] = "[global]\nnotification_limit = 20\nidle_threshold = 0\n"
-                            "stack_duplicates = false\nsort = false\n"
-                            "[urgency_normal]\ntimeout = 0\n";
+// Nothing leaves the screen before the test asks, nor covers what is at its top.
+constexpr char settings[] =
+    "[global]\norigin = bottom-left\nnotification_limit = 20\nidle_threshold = 0\n"
+    "stack_duplicates = false\nsort = false\n"
+    "[urgency_normal]\ntimeout = 0\n";
 
 } // namespace
 

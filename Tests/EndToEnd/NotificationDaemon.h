@@ -2,7 +2,6 @@
 
 #include "Tests/Support/BusPeer.h"
 #include "Tests/Support/ChildProcess.h"
-#include "Tests/Support/VirtualDisplay.h"
 
 #include <QTemporaryDir>
 
@@ -11,8 +10,8 @@
 
 namespace test {
 
-/// A real notification daemon that draws on a display of its own, on the session bus that the
-/// environment names when it starts.
+/// A real notification daemon on the display and the session bus that the environment names when it
+/// starts.
 class NotificationDaemon {
 public:
     /// @param bus a connection to the same bus, to ask the daemon over
@@ -28,7 +27,6 @@ public:
 private:
     QDBusMessage call(const char* interface, const char* member, const QVariantList& arguments);
 
-    VirtualDisplay display_;
     QTemporaryDir directory_;
     ChildProcess process_;
     BusPeer peer_;

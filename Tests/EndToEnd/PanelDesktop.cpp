@@ -75,7 +75,7 @@ void PanelDesktop::openPopover(QPoint item) {
 }
 
 void PanelDesktop::openByMenu(QPoint item) {
-    const QRect below(item.x() - 60, panelHeight, 80, 60);
+    const QRect below(item.x() - 240, panelHeight, 260, 60);
     const QImage before = desktop_.picture(below);
     // On a busy machine the click may come while the panel still makes room for the item, and the
     // keys before the menu has taken the keyboard.
@@ -104,14 +104,26 @@ QStringList PanelDesktop::accessibleParts() {
         .split(u'\n', Qt::SkipEmptyParts);
 }
 
-bool PanelDesktop::showsPart(const QString& beginning) {
-    return waitUntil(
-        [&] {
-            const QStringList parts = accessibleParts();
-            return std::ranges::any_of(
-                parts, [&](const QString& part) { return part.startsWith(beginning); });
-        },
-        10s);
+testing::AssertionResult PanelDesktop::showsPart(const QString& beginning) {
+    if (waitUntil([&] { return !part(beginning).isNull(); }, 10s))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "there is only\n"
+                                       << accessibleParts().join(u'\n').toStdString();
+}
+
+QString PanelDesktop::part(const QString& beginning) {
+    const QStringList parts = accessibleParts();
+    const auto found = std::ranges::find_if(
+        parts, [&](const QString& candidate) { return candidate.startsWith(beginning); });
+    return found == parts.end() ? QString() : *found;
+}
+
+void PanelDesktop::clickOn(const QString& beginning, int button) const {
+    ASSERT_TRUE(showsPart(beginning));
+    const QStringList place = part(beginning).section(u'|', -1).split(u' ');
+    ASSERT_EQ(place.size(), 4);
+    desktop_.click(
+        {place[0].toInt() + place[2].toInt() / 2, place[1].toInt() + place[3].toInt() / 2}, button);
 }
 
 std::vector<std::string> PanelDesktop::storedPairs() const {

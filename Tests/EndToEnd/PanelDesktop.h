@@ -54,15 +54,19 @@ protected:
     static std::optional<QRect> popover();
 
     /// What another program reads of the open windows: a line for each part that is shown, such as
-    /// "push button|Quit|". Parts are role, name and description.
+    /// "push button|Quit||10 10 60 20". Parts are role, name, description and place.
     static QStringList accessibleParts();
 
-    static bool showsWatchlist() {
-        return accessibleParts().contains(QStringLiteral("list|Watchlist|"));
-    }
+    /// The first of these with this beginning as it is now, or null.
+    static QString part(const QString& beginning);
+
+    static bool showsWatchlist() { return !part(QStringLiteral("list|Watchlist|")).isNull(); }
 
     /// Whether a part with this beginning appears within ten seconds.
-    static bool showsPart(const QString& beginning);
+    static testing::AssertionResult showsPart(const QString& beginning);
+
+    /// Clicks in the middle of the part with this beginning, once it is there.
+    void clickOn(const QString& beginning, int button = 1) const;
 
     /// The pairs in the file as they are now, a "*" behind a pinned one.
     std::vector<std::string> storedPairs() const;

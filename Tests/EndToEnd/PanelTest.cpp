@@ -1,3 +1,4 @@
+#include "Tests/EndToEnd/NotificationDaemon.h"
 #include "Tests/EndToEnd/PanelDesktop.h"
 #include "Tests/Support/WaitUntil.h"
 
@@ -6,6 +7,7 @@
 #include <gmock/gmock.h>
 
 using namespace std::chrono_literals;
+using testing::ElementsAre;
 
 namespace {
 
@@ -86,6 +88,41 @@ TEST_F(Panel, IsWalkedByKeysAlone) {
     desktop_.press({QStringLiteral("Escape")});
     EXPECT_TRUE(test::waitUntil([] { return !showsWatchlist(); }));
     EXPECT_TRUE(quorvel_.isRunning());
+}
+
+TEST_F(Panel, TellsOfAnAlertThatWasMadeFromARowsMenu) {
+    push("ETHUSDT", "3000", "1");
+    start(twoPairs);
+    test::NotificationDaemon daemon(desktop_.connectToBus());
+    openPopover(item);
+    clickOn(QStringLiteral("list item|ETHUSDT, 3,000.00"), 3);
+    // The last entry but one.
+    desktop_.press({QStringLiteral("Up"), QStringLiteral("Up"), QStringLiteral("Return")});
+    ASSERT_TRUE(showsPart(QStringLiteral("push button|Add|")));
+    desktop_.type("3100");
+    clickOn(QStringLiteral("push button|Add|"));
+    ASSERT_TRUE(showsPart(QStringLiteral("check box|ETH Rises above 3,100.00|")));
+    push("ETHUSDT", "3100.5", "1.5");
+    EXPECT_TRUE(test::waitUntil([&] { return daemon.displayedCount() == 1; }));
+    EXPECT_THAT(daemon.takeShown(), ElementsAre("ETH Rises above 3,100.00 | Now 3,100.50  +1.50%"));
+    EXPECT_TRUE(showsPart(QStringLiteral("label|Triggered")));
+}
+
+TEST_F(Panel, StartsAnewInTheLanguageThatIsChosen) {
+    start(twoPairs);
+    openPopover(item);
+    clickOn(QStringLiteral("push button|Settings…|"));
+    ASSERT_TRUE(showsPart(QStringLiteral("combo box|Display|")));
+    // From the first control back to the last but one.
+    desktop_.press({QStringLiteral("shift+Tab"), QStringLiteral("shift+Tab"),
+                    QStringLiteral("Down"), QStringLiteral("Down"), QStringLiteral("Tab")});
+    ASSERT_TRUE(showsPart(QStringLiteral("push button|Restart Now|")));
+    desktop_.press({QStringLiteral("space")});
+    EXPECT_EQ(quorvel_.waitForEnd(), 0);
+    openPopover(item);
+    ASSERT_TRUE(showsPart(QStringLiteral("text|搜索币种，例如 BTC|")));
+    clickOn(QStringLiteral("push button|退出|"));
+    EXPECT_TRUE(test::waitUntil([] { return accessibleParts().isEmpty(); }));
 }
 
 } // namespace

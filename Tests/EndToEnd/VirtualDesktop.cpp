@@ -162,9 +162,9 @@ void VirtualDesktop::movePointer(QPoint point) const {
         {QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y())});
 }
 
-void VirtualDesktop::click(QPoint point) const {
+void VirtualDesktop::click(QPoint point, int button) const {
     movePointer(point);
-    sendEvents({QStringLiteral("click"), QStringLiteral("1")});
+    sendEvents({QStringLiteral("click"), QString::number(button)});
 }
 
 void VirtualDesktop::press(const QStringList& keys) const {

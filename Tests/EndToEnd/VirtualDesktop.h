@@ -50,7 +50,8 @@ public:
     /// What is on that part of the display now.
     QImage picture(const QRect& area) const;
 
-    void click(QPoint point) const;
+    /// @param button as X numbers them: 1 is the left one, 3 the right one
+    void click(QPoint point, int button = 1) const;
     void movePointer(QPoint point) const;
 
     /// Types the keys as xdotool names them.
@@ -60,6 +61,9 @@ public:
     /// Where the program's window is that was the last to get the keyboard; absent where that is
     /// another program's.
     static std::optional<QRect> activeWindow();
+
+    /// One more client of the session's bus.
+    QDBusConnection connectToBus() { return bus_->connect(); }
 
     /// What a program prints until it ends.
     static QByteArray run(const QString& program, const QStringList& arguments);

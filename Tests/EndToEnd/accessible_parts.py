@@ -1,5 +1,5 @@
-"""Prints what a screen reader finds of Quorvel's windows: a line "role|name|description" for each
-part that is shown."""
+"""Prints what a screen reader finds of Quorvel's windows: a line
+"role|name|description|left top width height" for each part that is shown, in pixels of the screen."""
 
 import gi
 
@@ -10,7 +10,10 @@ from gi.repository import Atspi  # noqa: E402
 def parts(accessible):
     if accessible is None or not accessible.get_state_set().contains(Atspi.StateType.SHOWING):
         return
-    print(accessible.get_role_name(), accessible.get_name(), accessible.get_description(), sep="|")
+    has_place = "Component" in accessible.get_interfaces()
+    place = accessible.get_extents(Atspi.CoordType.SCREEN) if has_place else Atspi.Rect()
+    print(accessible.get_role_name(), accessible.get_name(), accessible.get_description(),
+          f"{place.x} {place.y} {place.width} {place.height}", sep="|")
     for index in range(accessible.get_child_count()):
         parts(accessible.get_child_at_index(index))
 
