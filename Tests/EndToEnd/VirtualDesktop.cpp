@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <csignal>
 #include <pwd.h>
 #include <stdexcept>
 #include <unistd.h>
@@ -55,6 +56,10 @@ VirtualDesktop::VirtualDesktop() {
 }
 
 VirtualDesktop::~VirtualDesktop() {
+    // Killed, a Wayland compositor would leave its server's lock behind. The pipe is at its end
+    // when the last of those who have it is gone.
+    windowManager_.sendSignal(SIGTERM);
+    windowManager_.readLine(5s);
     for (const auto& [name, value] : environmentBefore_)
         value ? qputenv(name.constData(), *value) : qunsetenv(name.constData());
 }
