@@ -19,7 +19,7 @@ enum class TextHabit {
 
 struct Host {
     QStringView process;
-    TextHabit habit;
+    TextHabit habit = TextHabit::drawsNone;
 };
 
 constexpr std::array hosts{
@@ -57,11 +57,11 @@ bool isXfce(QStringView process) {
 TextHabit habitOf(const StatusItemDesktop& desktop) {
     if (isXfce(desktop.watcherProcess))
         return TextHabit::drawsNone;
-    const auto host = std::ranges::find(hosts, desktop.watcherProcess, &Host::process);
+    const auto* const host = std::ranges::find(hosts, desktop.watcherProcess, &Host::process);
     if (host != hosts.end())
         return host->habit;
     for (const QString& name : desktop.names) {
-        const auto found = std::ranges::find_if(desktops, [&name](const auto& known) {
+        const auto* const found = std::ranges::find_if(desktops, [&name](const auto& known) {
             return known.first.compare(name, Qt::CaseInsensitive) == 0;
         });
         if (found != desktops.end())
@@ -112,7 +112,7 @@ std::optional<Kind> statusItemPresentationKind(QStringView name) {
                                                                         {u"image", Kind::image},
                                                                         {u"dock", Kind::dock},
                                                                         {u"strip", Kind::strip}}};
-    const auto found = std::ranges::find(kinds, name, &std::pair<QStringView, Kind>::first);
+    const auto* const found = std::ranges::find(kinds, name, &std::pair<QStringView, Kind>::first);
     return found == kinds.end() ? std::nullopt : std::optional(found->second);
 }
 

@@ -76,8 +76,9 @@ void StatusItemView::paintEvent(QPaintEvent*) {
         return;
     // A tray may give more room than was asked for.
     const QSize free = size().shrunkBy(inset_) - painter_->size();
-    painter.translate(inset_.left() + std::max(0, free.width() / 2),
-                      inset_.top() + free.height() / 2);
+    const QPoint origin(inset_.left() + std::max(0, free.width() / 2),
+                        inset_.top() + free.height() / 2);
+    painter.translate(origin);
     painter_->paint(painter, colors());
 }
 

@@ -27,10 +27,11 @@ std::optional<StripPosition> StripPosition::fromString(const QString& text) {
     const QStringList parts = text.split(QLatin1Char(','));
     if (parts.size() != 2)
         return std::nullopt;
-    const auto edge = std::ranges::find(edgeNames, QStringView(parts[0]).trimmed());
+    const auto* const edge = std::ranges::find(edgeNames, QStringView(parts[0]).trimmed());
     bool isNumber = false;
     const double fraction = parts[1].trimmed().toDouble(&isNumber);
-    if (edge == edgeNames.end() || !isNumber || !(fraction >= 0 && fraction <= 1))
+    const bool isInRange = fraction >= 0 && fraction <= 1; // "nan" is not
+    if (edge == edgeNames.end() || !isNumber || !isInRange)
         return std::nullopt;
     return StripPosition{static_cast<Edge>(edge - edgeNames.begin()), fraction};
 }
