@@ -23,6 +23,12 @@ TextField::TextField(QWidget* parent) : QLineEdit(parent) {
     setPalette(transparent);
 }
 
+void TextField::setPrompt(const QString& prompt) {
+    constexpr QChar hairSpace(0x200A); // beside the cursor
+    setPlaceholderText(hairSpace + prompt);
+    setAccessibleName(prompt);
+}
+
 void TextField::paintEvent(QPaintEvent* event) {
     {
         QPainter painter(this);

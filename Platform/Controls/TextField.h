@@ -13,6 +13,10 @@ public:
 
     explicit TextField(QWidget* parent = nullptr);
 
+    /// What is to be typed: shown while there is no text, and the field's name for assistive
+    /// technology.
+    void setPrompt(const QString& prompt);
+
     QSize sizeHint() const override { return {0, preferredHeight}; }
 
 protected:

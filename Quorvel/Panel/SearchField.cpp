@@ -12,10 +12,8 @@ constexpr int fontSize = 13;
 } // namespace
 
 SearchField::SearchField(AppModel& model, QWidget* parent) : TextField(parent) {
-    const QString prompt = platform::localized("Quorvel", "Search coins, e.g. BTC");
     setObjectName(QStringLiteral("search"));
-    setPlaceholderText(prompt);
-    setAccessibleName(prompt);
+    setPrompt(platform::localized("Quorvel", "Search coins, e.g. BTC"));
     setFont(platform::systemFont(fontSize));
     setText(model.searchQuery());
     connect(this, &QLineEdit::textChanged, &model, &AppModel::setSearchQuery);

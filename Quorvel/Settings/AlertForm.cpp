@@ -123,8 +123,7 @@ void AlertForm::listCoins() {
 void AlertForm::refresh() {
     const QString prompt = isPercentage(kind()) ? localized("Quorvel", "Threshold (%)")
                                                 : localized("Quorvel", "Threshold");
-    threshold_->setPlaceholderText(prompt);
-    threshold_->setAccessibleName(prompt);
+    threshold_->setPrompt(prompt);
     QString missing;
     if (!selectedSymbol())
         missing = localized("Quorvel", "Choose a coin first");

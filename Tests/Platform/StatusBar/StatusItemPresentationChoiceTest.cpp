@@ -68,9 +68,9 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 struct Wish {
-    Kind preferred;
+    Kind preferred = {};
     Case desktop;
-    Kind chosen;
+    Kind chosen = {};
 };
 
 TEST(StatusItemPresentationChoice, HeedsTheUserUnlessNothingWouldBeSeen) {

@@ -9,9 +9,9 @@ namespace {
 
 TEST(StripPosition, IsReadFromTextAndWrittenToIt) {
     struct Text {
-        const char* text;
+        const char* text = nullptr;
         std::optional<StripPosition> position;
-        const char* written;
+        const char* written = nullptr;
     };
     for (const auto& [text, position, written] : {
              Text{"top,1.0", StripPosition{Edge::top, 1}, "top,1.0"},

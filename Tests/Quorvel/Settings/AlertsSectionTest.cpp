@@ -69,7 +69,7 @@ TEST_F(Alerts, AreAddedOnceTheFormIsComplete) {
     click(add());
     EXPECT_EQ(window_->focusWidget(), &threshold()) << "the next one can be typed";
     choose("Condition", "Loss exceeds");
-    EXPECT_EQ(threshold().placeholderText(), QStringLiteral("Threshold (%)"));
+    EXPECT_EQ(threshold().placeholderText().trimmed(), QStringLiteral("Threshold (%)"));
     click(*button("Repeat"));
     type("-5");
     press(Qt::Key_Return);

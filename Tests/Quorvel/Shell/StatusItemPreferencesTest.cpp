@@ -12,7 +12,7 @@ using Kind = platform::StatusItemPresentationKind;
 namespace {
 
 struct Written {
-    const char* lines;
+    const char* lines = nullptr;
     std::optional<Kind> kind;
     StripPosition position = {};
 };
