@@ -2,15 +2,20 @@
 
 #include <QCoreApplication>
 #include <QDBusMessage>
-#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 
+#include <chrono>
 #include <utility>
 
 namespace platform {
 
+using namespace std::chrono_literals;
+
 namespace {
 
 const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 /// A name of the item's own; the number tells the items of one process apart.
 QString nextServiceName() {
@@ -33,6 +38,9 @@ StatusNotifierItem::StatusNotifierItem(const StatusItemIdentity& identity,
       menu_(bus, StatusNotifierObject::menuPath, nullptr) {
     connect(&object_, &StatusNotifierObject::activated, this, &StatusItemPresentation::activated);
     connect(&menu_, &DBusMenu::triggered, this, &StatusItemPresentation::menuTriggered);
+    hostPatience_.setSingleShot(true);
+    hostPatience_.setInterval(2s);
+    connect(&hostPatience_, &QTimer::timeout, this, &StatusNotifierItem::registerWithWatcher);
 }
 
 StatusNotifierItem::~StatusNotifierItem() {
@@ -72,15 +80,40 @@ void StatusNotifierItem::appear() {
                 if (newOwner.isEmpty())
                     return;
                 object_.setState(rendering_->render(content_, true));
-                registerWithWatcher();
+                findHost();
             });
+    bus_.connect(watcherService, watcherPath, watcherService,
+                 QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(registerForHost()));
+    findHost();
+}
+
+void StatusNotifierItem::findHost() {
+    hostPatience_.start();
+    auto ask = QDBusMessage::createMethodCall(watcherService, watcherPath,
+                                              QStringLiteral("org.freedesktop.DBus.Properties"),
+                                              QStringLiteral("Get"));
+    ask.setAutoStartService(false);
+    ask << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
+    auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(ask), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        const QDBusPendingReply<QDBusVariant> hasHost = *answer;
+        // A watcher that does not say may well have one.
+        if (hasHost.isError() || hasHost.value().variant().toBool())
+            registerForHost();
+        answer->deleteLater();
+    });
+}
+
+void StatusNotifierItem::registerForHost() {
+    if (!hostPatience_.isActive())
+        return;
+    hostPatience_.stop();
     registerWithWatcher();
 }
 
 void StatusNotifierItem::registerWithWatcher() {
-    auto call = QDBusMessage::createMethodCall(
-        watcherService, QStringLiteral("/StatusNotifierWatcher"), watcherService,
-        QStringLiteral("RegisterStatusNotifierItem"));
+    auto call = QDBusMessage::createMethodCall(watcherService, watcherPath, watcherService,
+                                               QStringLiteral("RegisterStatusNotifierItem"));
     // A panel brings its watcher up itself.
     call.setAutoStartService(false);
     // Not waited for: some watchers ask the item back before they answer.

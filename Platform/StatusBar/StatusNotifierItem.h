@@ -8,6 +8,7 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <QTimer>
 
 #include <memory>
 
@@ -17,7 +18,9 @@ namespace platform {
 /// to a `StatusNotifierRendering`.
 ///
 /// Makes itself known whenever a panel's watcher appears, which may be before, after or several
-/// times during the life of the item. Never waits for an answer of a panel.
+/// times during the life of the item, and once a panel listens to that watcher: one that is just
+/// starting may miss an item that comes between its first look and its listening. Never waits for
+/// an answer of a panel, nor longer than two seconds for one that listens.
 class StatusNotifierItem final : public StatusItemPresentation {
     Q_OBJECT
 
@@ -29,8 +32,12 @@ public:
 
     void show(const StatusItemContent& content) override;
 
+private Q_SLOTS:
+    void registerForHost();
+
 private:
     void appear();
+    void findHost();
     void registerWithWatcher();
     QDBusMessage busCall(const QString& method) const;
 
@@ -40,6 +47,7 @@ private:
     StatusNotifierObject object_;
     DBusMenu menu_;
     QDBusServiceWatcher watcher_;
+    QTimer hostPatience_; ///< runs while a panel that listens is waited for
     StatusItemContent content_;
     bool isOnBus_ = false;
 };

@@ -15,7 +15,8 @@ const auto objectPath = QStringLiteral("/StatusNotifierWatcher");
 
 } // namespace
 
-FakeStatusNotifierWatcher::FakeStatusNotifierWatcher(const QDBusConnection& bus) : bus_(bus) {
+FakeStatusNotifierWatcher::FakeStatusNotifierWatcher(const QDBusConnection& bus, bool hasHost)
+    : bus_(bus), hasHost_(hasHost) {
     bus_.registerVirtualObject(objectPath, this);
     bus_.interface()->registerService(name, QDBusConnectionInterface::ReplaceExistingService,
                                       QDBusConnectionInterface::AllowReplacement);
@@ -26,7 +27,18 @@ FakeStatusNotifierWatcher::~FakeStatusNotifierWatcher() {
     bus_.unregisterObject(objectPath);
 }
 
+void FakeStatusNotifierWatcher::addHost() {
+    hasHost_ = true;
+    bus_.send(QDBusMessage::createSignal(objectPath, name,
+                                         QStringLiteral("StatusNotifierHostRegistered")));
+}
+
 bool FakeStatusNotifierWatcher::handleMessage(const QDBusMessage& message, const QDBusConnection&) {
+    if (message.member() == QStringLiteral("Get") &&
+        message.arguments().value(1) == QStringLiteral("IsStatusNotifierHostRegistered")) {
+        bus_.send(message.createReply(QVariant::fromValue(QDBusVariant(hasHost_))));
+        return true;
+    }
     if (message.member() != QStringLiteral("RegisterStatusNotifierItem")) {
         ADD_FAILURE() << "Unexpected call of " << qPrintable(message.member());
         return false;

@@ -12,8 +12,12 @@ class FakeStatusNotifierWatcher : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
-    explicit FakeStatusNotifierWatcher(const QDBusConnection& bus);
+    /// @param hasHost whether a panel listens to it already
+    explicit FakeStatusNotifierWatcher(const QDBusConnection& bus, bool hasHost = true);
     ~FakeStatusNotifierWatcher() override;
+
+    /// A panel begins to listen.
+    void addHost();
 
     /// What items registered as, in order.
     const QStringList& registered() const { return registered_; }
@@ -31,6 +35,7 @@ private:
     void answer(const QDBusMessage& message);
 
     QDBusConnection bus_;
+    bool hasHost_;
     QStringList registered_;
     bool readsBeforeAnswering_ = false;
     int answerCount_ = 0;

@@ -56,6 +56,21 @@ TEST_F(StatusNotifierItem, RegistersWhenTheWatcherComesLateComesBackOrIsReplaced
     EXPECT_EQ(watcher_->registered().size(), 1);
 }
 
+TEST_F(StatusNotifierItem, WaitsForAPanelThatIsAboutToListenButNotForever) {
+    constexpr bool hasHost = false;
+    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_, hasHost);
+    makeItem();
+    EXPECT_FALSE(QTest::qWaitFor([&] { return !watcher_->registered().empty(); }, 300));
+    watcher_->addHost();
+    waitForRegistrations(1);
+    watcher_->addHost();
+
+    watcher_.reset();
+    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(bus_.connect(), hasHost);
+    waitForRegistrations(1);
+    EXPECT_EQ(watcher_->registered().size(), 1);
+}
+
 TEST_F(StatusNotifierItem, AnswersAWatcherThatReadsItBeforeAnsweringTheRegistration) {
     watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
     watcher_->setReadsBeforeAnswering();
