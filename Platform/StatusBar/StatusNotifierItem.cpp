@@ -15,6 +15,7 @@ using namespace std::chrono_literals;
 namespace {
 
 const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto nameHasNoOwner = QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
 const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 /// A name of the item's own; the number tells the items of one process apart.
@@ -97,8 +98,12 @@ void StatusNotifierItem::findHost() {
     auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(ask), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         const QDBusPendingReply<QDBusVariant> hasHost = *answer;
+        const QDBusError error = hasHost.error();
+        // Without a watcher; its coming will be told.
+        if (error.type() == QDBusError::ServiceUnknown || error.name() == nameHasNoOwner)
+            hostPatience_.stop();
         // A watcher that does not say may well have one.
-        if (hasHost.isError() || hasHost.value().variant().toBool())
+        else if (error.isValid() || hasHost.value().variant().toBool())
             registerForHost();
         answer->deleteLater();
     });
