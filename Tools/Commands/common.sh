@@ -11,6 +11,11 @@ fail() {
     exit 1
 }
 
+# In a session without an X server the toolkit needs its plugin for Wayland.
+requireDisplayPackages() {
+    [[ -n "${DISPLAY:-}" || -z "${WAYLAND_DISPLAY:-}" ]] || requirePackages wayland
+}
+
 refuseArguments() {
     [[ $# -eq 0 ]] || fail "unknown argument '$1'"
 }

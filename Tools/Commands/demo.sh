@@ -11,7 +11,11 @@ command_demo() {
     echo "Prices in this demo are simulated: nothing here comes from the exchange."
     hasDesktop || desktop=virtual
     requirePackages build demo
-    [[ $desktop == session ]] || requirePackages desktop
+    if [[ $desktop == session ]]; then
+        requireDisplayPackages
+    else
+        requirePackages desktop
+    fi
     buildPreset release
     exec /usr/bin/python3 -u Tools/Demo --desktop "$desktop" "$@"
 }

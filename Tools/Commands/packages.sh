@@ -16,6 +16,7 @@ packages_desktop=(
     xfce4-panel sway xwayland waybar
     adwaita-icon-theme fonts-dejavu-core fonts-wqy-microhei at-spi2-core python3-pyatspi
 )
+packages_wayland=(qt6-wayland)
 packages_bench=(libbenchmark-dev python3)
 packages_format=(git clang-format-19)
 packages_includes=(git python3)

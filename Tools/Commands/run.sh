@@ -3,6 +3,7 @@
 command_run() {
     refuseArguments "$@"
     requirePackages build
+    requireDisplayPackages
     buildPreset release quorvel
     exec build/release/Quorvel/quorvel
 }
