@@ -6,6 +6,8 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <thread>
+
 using namespace std::chrono_literals;
 using test::PanelKind;
 
@@ -94,6 +96,18 @@ protected:
         return QStringLiteral(QUORVEL_PANEL_PICTURES "/%1.png")
             .arg(QString::fromLatin1(kind_.name));
     }
+
+    /// By another click where that is no menu, and sees that this does not open it anew.
+    void closePopover(QPoint item) const {
+        constexpr auto longerThanDoubleClick = 500ms;
+        std::this_thread::sleep_for(longerThanDoubleClick);
+        if (kind_.clickOpensMenu)
+            desktop_.press({QStringLiteral("Escape")});
+        else
+            desktop_.click(item);
+        EXPECT_TRUE(test::waitUntil([] { return !showsWatchlist(); }));
+        EXPECT_FALSE(test::waitUntil([] { return showsWatchlist(); }, 500ms)) << "opened anew";
+    }
 };
 
 TEST_P(EachPanel, ShowsTheItemOfAProgramThatWasThereBefore) {
@@ -111,8 +125,7 @@ TEST_P(EachPanel, ShowsTheItemOfAProgramThatWasThereBefore) {
     // Window managers may have another place for it at first.
     EXPECT_TRUE(test::waitUntil([&] { return isPlacedFor(item); }, 5s))
         << "popover at " << popover().value_or(QRect()).top();
-    desktop_.press({QStringLiteral("Escape")});
-    EXPECT_TRUE(test::waitUntil([] { return !showsWatchlist(); }));
+    closePopover(item);
     desktop_.movePointer(QRect(QPoint(), screen).center());
     if (kind_.commands.empty())
         return;
