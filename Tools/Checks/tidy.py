@@ -74,7 +74,9 @@ def parted(path, members):
         faulty = {line.split(":")[0] for line in errors.splitlines() if ": error:" in line}
         if not faulty:
             break
-        clashing = [member for member in together if member.path in faulty] or together[1:]
+        clashing = [member for member in together if member.path in faulty]
+        if len(clashing) in (0, len(together)):
+            clashing = together[1:]
         apart += clashing
         together = [member for member in together if member not in clashing]
     return together, apart

@@ -142,6 +142,8 @@ class Show:
             print()
         if self.picture_due < float("inf"):
             self.picture_notification()
+        if tour and tour.failure:
+            raise tour.failure
         if tour and seconds and tour.is_alive():
             raise Failure("the windows' pictures took too long")
 

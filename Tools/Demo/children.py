@@ -17,6 +17,7 @@ class Child:
     def __init__(self, name, command, environment, log, **options):
         self.name = name
         self.log = log
+        self.is_ending = False
         options.setdefault("stdout", open(log, "wb"))
         try:
             self.process = subprocess.Popen(
@@ -28,7 +29,7 @@ class Child:
     def check(self):
         """Raises Failure when the process has ended on its own."""
         status = self.process.poll()
-        if status is not None:
+        if status is not None and not self.is_ending:
             last = Path(f"{self.log}.err").read_text(errors="replace").strip().splitlines()[-1:]
             raise Failure(f"{self.name} ended by itself with status {status}; its last words in"
                           f" {self.log}.err: {''.join(last) or 'none'}")
@@ -42,6 +43,7 @@ class Child:
 
     def end(self, patience=3):
         """Ends the process and what it left running in its group; waits until it has gone."""
+        self.is_ending = True
         for number in (signal.SIGTERM, signal.SIGKILL):
             try:
                 os.killpg(self.process.pid, number)

@@ -55,6 +55,8 @@ class Tour(threading.Thread):
                 self.save(f"settings-{name}-end.png", settings)
         except Failure as failure:
             self.failure = failure
+        except Exception as error:  # else it would be lost with this thread
+            self.failure = Failure(f"the windows' pictures: {error!r}")
 
     def save(self, file, window):
         """Saves a picture of the window, with the frame that the window manager has drawn."""
