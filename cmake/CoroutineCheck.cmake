@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # Some compilers end the life of a temporary inside a co_await expression twice. Nothing warns of it,
 # and what it breaks shows up far away, so such a compiler is refused before it builds anything.
 if(NOT DEFINED QUORVEL_COROUTINES_SOUND)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 // Run at configure time: ends with 0 when objects inside co_await expressions are destroyed exactly
 // once, in the shapes that a faulty compiler gets wrong.
 #include <coroutine>

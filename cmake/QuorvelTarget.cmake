@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # One place for what every target of this project is compiled with.
 #
 #   quorvel_target(NAME)    warnings, sanitizers, definitions, include root and precompiled headers of

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # The tables of translations, one for each module and language: <Module>/Resources/<language>.ts.
 #
 #   quorvel_string_tables(TARGET MODULE)    compiles those of MODULE, whose CMakeLists.txt calls it,

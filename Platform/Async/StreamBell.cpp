@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Async/StreamBell.h"
 
 #include "Platform/Async/ThreadHandOver.h"

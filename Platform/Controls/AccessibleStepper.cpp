@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/AccessibleStepper.h"
 
 #include "Platform/Controls/Stepper.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QColor>

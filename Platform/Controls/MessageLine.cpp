@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/MessageLine.h"
 
-#include "Platform/Desktop/SystemColors.h"
-#include "Platform/Desktop/SystemFonts.h"
+#include "Platform/Appearance/SystemColors.h"
+#include "Platform/Appearance/SystemFonts.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -1,10 +1,13 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/Picker.h"
 
+#include "Platform/Appearance/SymbolImage.h"
+#include "Platform/Appearance/SystemColors.h"
 #include "Platform/Controls/AccessiblePicker.h"
 #include "Platform/Controls/ControlMarks.h"
 #include "Platform/Controls/PopupMenu.h"
-#include "Platform/Desktop/SymbolImage.h"
-#include "Platform/Desktop/SystemColors.h"
 
 #include <QPainter>
 #include <QWheelEvent>

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/PlainButton.h"
 
+#include "Platform/Appearance/SystemColors.h"
 #include "Platform/Controls/ControlMarks.h"
-#include "Platform/Desktop/SystemColors.h"
 
 #include <QEvent>
 #include <QKeyEvent>

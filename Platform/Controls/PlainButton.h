@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/Desktop/SymbolImage.h"
+#include "Platform/Appearance/SymbolImage.h"
 
 #include <QAbstractButton>
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/PopupMenu.h"
 
 #include "Platform/Desktop/Compositing.h"

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/RadioGroup.h"
 
+#include "Platform/Controls/AccessibleRole.h"
 #include "Platform/Controls/RadioButton.h"
-#include "Platform/Desktop/AccessibleRole.h"
 
 #include <QVBoxLayout>
 

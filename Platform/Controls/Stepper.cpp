@@ -1,9 +1,12 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/Stepper.h"
 
+#include "Platform/Appearance/SymbolImage.h"
+#include "Platform/Appearance/SystemColors.h"
 #include "Platform/Controls/AccessibleStepper.h"
 #include "Platform/Controls/ControlMarks.h"
-#include "Platform/Desktop/SymbolImage.h"
-#include "Platform/Desktop/SystemColors.h"
 
 #include <QAccessible>
 #include <QHoverEvent>

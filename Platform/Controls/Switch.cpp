@@ -1,8 +1,11 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Controls/Switch.h"
 
+#include "Platform/Appearance/AccentColors.h"
+#include "Platform/Appearance/SystemColors.h"
 #include "Platform/Controls/ControlMarks.h"
-#include "Platform/Desktop/AccentColors.h"
-#include "Platform/Desktop/SystemColors.h"
 
 #include <QPainter>
 #include <QStyle>

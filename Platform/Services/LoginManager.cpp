@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Services/LoginManager.h"
 
-#include "Platform/Services/DBusCall.h"
-#include "Platform/Services/ServiceError.h"
+#include "Platform/DBus/DBusCall.h"
+#include "Platform/DBus/ServiceError.h"
 
 #include <utility>
 

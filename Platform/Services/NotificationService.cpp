@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Services/NotificationService.h"
 
-#include "Platform/Services/DBusCall.h"
+#include "Platform/DBus/DBusCall.h"
 
 namespace platform {
 

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Services/SingleInstance.h"
 
-#include "Platform/Services/DBusObject.h"
+#include "Platform/DBus/DBusObject.h"
 
 #include <QCryptographicHash>
 #include <QDBusConnection>

@@ -1,8 +1,11 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Services/UserNotificationCenter.h"
 
+#include "Platform/DBus/ServiceError.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Platform/Services/NotificationService.h"
-#include "Platform/Services/ServiceError.h"
 
 #include <QCoreApplication>
 #include <QDir>

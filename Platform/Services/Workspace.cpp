@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Services/Workspace.h"
 
+#include "Platform/DBus/ServiceError.h"
 #include "Platform/Services/LoginManager.h"
-#include "Platform/Services/ServiceError.h"
 
 #include <QProcess>
 

@@ -1,11 +1,14 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/StatusBar/StatusItem.h"
 
-#include "Platform/StatusBar/DockItem.h"
 #include "Platform/StatusBar/StatusItemPresentationChoice.h"
-#include "Platform/StatusBar/StatusNotifierIcon.h"
-#include "Platform/StatusBar/StatusNotifierItem.h"
-#include "Platform/StatusBar/StatusNotifierWideImage.h"
-#include "Platform/StatusBar/StripItem.h"
+#include "Platform/StatusNotifier/StatusNotifierIcon.h"
+#include "Platform/StatusNotifier/StatusNotifierItem.h"
+#include "Platform/StatusNotifier/StatusNotifierWideImage.h"
+#include "Platform/StatusWindows/DockItem.h"
+#include "Platform/StatusWindows/StripItem.h"
 
 #include <QDBusConnection>
 

@@ -1,12 +1,15 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/Desktop/SystemAppearance.h"
+#include "Platform/Appearance/SystemAppearance.h"
+#include "Platform/Desktop/StatusItemDesktopObserver.h"
+#include "Platform/Desktop/SystemTray.h"
 #include "Platform/Foundation/Clock.h"
-#include "Platform/StatusBar/StatusItemContent.h"
-#include "Platform/StatusBar/StatusItemDesktopObserver.h"
-#include "Platform/StatusBar/StatusItemIdentity.h"
 #include "Platform/StatusBar/StatusItemOptions.h"
-#include "Platform/StatusBar/SystemTray.h"
+#include "Platform/StatusContent/StatusItemContent.h"
+#include "Platform/StatusContent/StatusItemIdentity.h"
 
 #include <QDBusConnection>
 #include <QObject>

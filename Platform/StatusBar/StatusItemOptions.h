@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "Platform/StatusBar/StatusItemPresentationKind.h"
-#include "Platform/StatusBar/StripPosition.h"
+#include "Platform/StatusWindows/StripPosition.h"
 
 #include <optional>
 

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/StatusBar/StatusItemDesktop.h"
+#include "Platform/Desktop/StatusItemDesktop.h"
 #include "Platform/StatusBar/StatusItemPresentationKind.h"
 
 #include <optional>

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/Desktop/DynamicColor.h"
+#include "Platform/Appearance/DynamicColor.h"
 #include "QuorvelKit/MarketModel/PriceDirection.h"
 #include "QuorvelKit/Stores/PriceColorScheme.h"
 

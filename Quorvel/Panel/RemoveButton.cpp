@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Panel/RemoveButton.h"
 
-#include "Platform/Desktop/SystemColors.h"
+#include "Platform/Appearance/SystemColors.h"
 
 namespace quorvel {
 

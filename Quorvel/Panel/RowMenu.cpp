@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Panel/RowMenu.h"
 
-#include "Platform/Desktop/SystemColors.h"
+#include "Platform/Appearance/SystemColors.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Model/PriceColors.h"
 

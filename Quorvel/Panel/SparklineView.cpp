@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Panel/SparklineView.h"
 
-#include "Platform/Desktop/SystemColors.h"
+#include "Platform/Appearance/SystemColors.h"
 #include "Quorvel/Model/PriceColors.h"
 #include "QuorvelKit/StatusBar/SparklineGeometry.h"
 

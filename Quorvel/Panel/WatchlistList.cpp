@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Panel/WatchlistList.h"
 
 #include "Platform/Controls/OverlayScrollBar.h"

@@ -1,8 +1,11 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Panel/WatchlistPanel.h"
 
+#include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/Divider.h"
 #include "Platform/Controls/PlainButton.h"
-#include "Platform/Desktop/SystemFonts.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Panel/AccessibleWatchlistRow.h"
 #include "Quorvel/Panel/WatchlistList.h"

@@ -1,8 +1,11 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Panel/WatchlistRow.h"
 
+#include "Platform/Appearance/SystemColors.h"
+#include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/ControlMarks.h"
-#include "Platform/Desktop/SystemColors.h"
-#include "Platform/Desktop/SystemFonts.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Model/PriceColors.h"
 #include "Quorvel/Panel/FittedText.h"

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Settings/FormRow.h"
 
-#include "Platform/Desktop/SystemFonts.h"
+#include "Platform/Appearance/SystemFonts.h"
 #include "Quorvel/Settings/FormCard.h"
 #include "Quorvel/Settings/FormFonts.h"
 

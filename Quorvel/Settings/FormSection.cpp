@@ -1,8 +1,11 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Settings/FormSection.h"
 
+#include "Platform/Appearance/SystemFonts.h"
+#include "Platform/Controls/AccessibleRole.h"
 #include "Platform/Controls/TextLine.h"
-#include "Platform/Desktop/AccessibleRole.h"
-#include "Platform/Desktop/SystemFonts.h"
 
 #include <QVBoxLayout>
 

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Settings/Notice.h"
 
-#include "Platform/Desktop/SymbolImage.h"
+#include "Platform/Appearance/SymbolImage.h"
 #include "Quorvel/Settings/FormFonts.h"
 
 #include <QHBoxLayout>

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Settings/SettingsWindow.h"
 
+#include "Platform/Appearance/SystemColors.h"
 #include "Platform/Controls/OverlayScrollBar.h"
-#include "Platform/Desktop/SystemColors.h"
 #include "Quorvel/Settings/AlertsSection.h"
 #include "Quorvel/Settings/AppearanceSection.h"
 #include "Quorvel/Settings/GeneralSection.h"

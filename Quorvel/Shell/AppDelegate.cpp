@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Shell/AppDelegate.h"
 
 #include "Platform/Foundation/StringTable.h"
-#include "Platform/StatusBar/StatusItemIconFile.h"
+#include "Platform/StatusNotifier/StatusItemIconFile.h"
 #include "Quorvel/Settings/SettingsWindow.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
@@ -9,7 +12,7 @@
 #include "Quorvel/Shell/StatusMenu.h"
 #include "Quorvel/Shell/StatusTitle.h"
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
-#include "QuorvelKit/MarketData/BinanceProvider.h"
+#include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
 #include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 
 #include <QCoreApplication>

@@ -1,11 +1,14 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "Platform/Async/TaskHandle.h"
-#include "Platform/Desktop/Popover.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/UserDefaults.h"
+#include "Platform/Popover/Popover.h"
 #include "Platform/Services/UserNotificationCenter.h"
 #include "Platform/Services/Workspace.h"
 #include "Platform/StatusBar/StatusItem.h"

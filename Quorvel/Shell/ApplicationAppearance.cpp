@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Shell/ApplicationAppearance.h"
 
-#include "Platform/Desktop/SystemAppearance.h"
-#include "Platform/Desktop/SystemColors.h"
+#include "Platform/Appearance/SystemAppearance.h"
+#include "Platform/Appearance/SystemColors.h"
 
 #include <QApplication>
 

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/Desktop/Appearance.h"
+#include "Platform/Appearance/Appearance.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
 #include <QObject>

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 
-#include "QuorvelKit/MarketData/BinanceProvider.h"
-#include "QuorvelKit/MarketData/SubscriptionCommand.h"
+#include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
+#include "QuorvelKit/MarketData/Binance/SubscriptionCommand.h"
 
 #include <QHostAddress>
 

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/StatusBar/StatusItemImage.h"
+#include "Platform/StatusContent/StatusItemImage.h"
 
 namespace quorvel {
 

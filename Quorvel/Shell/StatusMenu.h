@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/StatusBar/MenuEntry.h"
+#include "Platform/StatusContent/MenuEntry.h"
 
 #include <vector>
 

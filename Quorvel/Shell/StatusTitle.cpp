@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Quorvel/Shell/StatusTitle.h"
 
 #include "Quorvel/Model/PriceColors.h"

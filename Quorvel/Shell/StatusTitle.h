@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/StatusBar/AttributedTitle.h"
+#include "Platform/StatusContent/AttributedTitle.h"
 #include "QuorvelKit/StatusBar/StatusBarSegment.h"
 #include "QuorvelKit/Stores/DisplaySettings.h"
 

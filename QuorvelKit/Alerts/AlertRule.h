@@ -1,8 +1,11 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "Platform/Foundation/Date.h"
-#include "Platform/Foundation/JSONValue.h"
-#include "Platform/Foundation/JSONWriter.h"
+#include "Platform/JSON/JSONValue.h"
+#include "Platform/JSON/JSONWriter.h"
 #include "QuorvelKit/Alerts/AlertConditionKind.h"
 #include "QuorvelKit/MarketModel/Decimal.h"
 #include "QuorvelKit/MarketModel/Symbol.h"

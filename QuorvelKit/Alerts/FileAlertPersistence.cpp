@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "QuorvelKit/Alerts/FileAlertPersistence.h"
 
-#include "Platform/Foundation/StoredArray.h"
+#include "Platform/JSON/StoredArray.h"
 
 namespace quorvel {
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "QuorvelKit/MarketData/SymbolSearch.h"
 
 #include "Platform/Foundation/LetterCase.h"

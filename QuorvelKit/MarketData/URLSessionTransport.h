@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/Foundation/URLSession.h"
+#include "Platform/Network/URLSession.h"
 #include "QuorvelKit/MarketData/HTTPTransport.h"
 
 namespace quorvel {

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/Foundation/JSONValue.h"
-#include "Platform/Foundation/JSONWriter.h"
+#include "Platform/JSON/JSONValue.h"
+#include "Platform/JSON/JSONWriter.h"
 
 #include <compare>
 #include <cstddef>

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """Prints what a screen reader finds of Quorvel's windows: a line
 "role|name|description|left top width height" for each part that is shown, in pixels of the screen."""
 

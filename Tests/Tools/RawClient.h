@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Tools/ExchangeSimulator/EndProbe.h"
+#include "Tools/ExchangeSimulator/Stream/EndProbe.h"
 
 #include <QByteArray>
 #include <QTcpSocket>

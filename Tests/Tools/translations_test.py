@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """Tests of the check of translations: each fault that it is there for, and a table of our own."""
 
 import importlib.util

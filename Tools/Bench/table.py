@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
 """Puts the results of the benchmark programs into one table and one file.
 
     table.py OUTPUT.json RESULT.json...

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
 """Runs clang-tidy over the source files named on standard input, as a build folder compiles them.
 
 Most of the linter's time goes into headers, so files of one target are joined and read together:

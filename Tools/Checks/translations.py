@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
 """Checks the texts in the code against the tables of translations, in both directions.
 
 Every text is a pair of literals in a call of `localized`, and stands, translated, in the table of

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 
 # Runs every executable named *Benchmarks. A benchmark `X/subject` is compared with `X/reference`.

@@ -1,7 +1,10 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # Each step below is a function step_NAME; `./dev check` runs all, `./dev check NAME...` those named.
 
-allSteps=(format includes translations scripts tidy asan tsan desktop)
+allSteps=(format structure licences translations scripts tidy asan tsan desktop)
 
 command_check() {
     local steps=("$@") step began failed=()
@@ -32,9 +35,14 @@ step_format() {
     cxxFiles | xargs clang-format-19 --dry-run -Werror
 }
 
-step_includes() {
-    requirePackages includes
-    python3 Tools/Checks/include_direction.py
+step_structure() {
+    requirePackages structure
+    python3 Tools/Checks/structure.py
+}
+
+step_licences() {
+    requirePackages licences
+    reuse lint --quiet || reuse lint
 }
 
 step_translations() {

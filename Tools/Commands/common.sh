@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # What the commands share: messages, packages, configuring and building a preset.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 
 # A desktop to show the item in: a display, and a session bus on which its panel can be met.

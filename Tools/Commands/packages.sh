@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # shellcheck disable=SC2034 # the lists are read by name in missingPackages
 # The Debian packages that each purpose needs. Every command names its purposes; what is there
@@ -19,7 +22,8 @@ packages_desktop=(
 packages_wayland=(qt6-wayland)
 packages_bench=(libbenchmark-dev python3)
 packages_format=(git clang-format-19)
-packages_includes=(git python3)
+packages_structure=(git python3)
+packages_licences=(reuse)
 packages_translations=(git python3)
 packages_scripts=(shellcheck)
 packages_tidy=(git python3 clang-tidy-19)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """Shows Quorvel in a panel against the exchange simulator, and judges what the panel was given."""
 
 import argparse

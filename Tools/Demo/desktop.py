@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """The desktop that the demo shows the item in: the user's own, or a virtual one with a real panel."""
 
 import os

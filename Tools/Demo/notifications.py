@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """Prints each notification of Quorvel's once the notification daemon has taken it, one line each.
 
 Runs as a process of its own, beside whatever daemon the session has, and sees what reaches the

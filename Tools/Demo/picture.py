@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """Pictures of the screen as its user sees it, taken from outside of every program on it."""
 
 import re

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """A profile of the demo's own, so that nobody's watchlist or preferences are touched."""
 
 import json

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """Prints the status text of Quorvel's item whenever it changes, one line each.
 
 Runs as a process of its own and knows only what any panel knows: the item as the watcher lists it.

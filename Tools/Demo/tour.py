@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
 """Opens the program's windows as a user does and takes their pictures, in several looks.
 
 Only on the virtual desktop: nobody wants clicks of others on a desktop of their own.

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Tools/ExchangeSimulator/Control.h"
 
-#include "Tools/ExchangeSimulator/Scenario.h"
-#include "Tools/ExchangeSimulator/StreamConnection.h"
+#include "Tools/ExchangeSimulator/Market/Scenario.h"
+#include "Tools/ExchangeSimulator/Stream/StreamConnection.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,11 +1,14 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "Tools/ExchangeSimulator/EventLog.h"
-#include "Tools/ExchangeSimulator/Feed.h"
-#include "Tools/ExchangeSimulator/HTTPResponse.h"
-#include "Tools/ExchangeSimulator/Limits.h"
-#include "Tools/ExchangeSimulator/RestInterface.h"
-#include "Tools/ExchangeSimulator/StreamHub.h"
+#include "Tools/ExchangeSimulator/HTTP/HTTPResponse.h"
+#include "Tools/ExchangeSimulator/HTTP/RestInterface.h"
+#include "Tools/ExchangeSimulator/Stream/Feed.h"
+#include "Tools/ExchangeSimulator/Stream/Limits.h"
+#include "Tools/ExchangeSimulator/Stream/StreamHub.h"
 
 #include <map>
 

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "Tools/ExchangeSimulator/Control.h"
-#include "Tools/ExchangeSimulator/HTTPConnection.h"
+#include "Tools/ExchangeSimulator/HTTP/HTTPConnection.h"
 
 #include <QTcpServer>
 

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Foundation/SystemClock.h"
 #include "Quorvel/Panel/WatchlistPanel.h"
 #include "Quorvel/Panel/WatchlistRows.h"
-#include "QuorvelKit/MarketData/BinanceProvider.h"
+#include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
 #include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 #include "Tests/Support/ScriptedDelivering.h"
 

@@ -1,5 +1,8 @@
-#include "Platform/Foundation/JSONReader.h"
-#include "QuorvelKit/MarketData/BinanceMessageDecoder.h"
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Platform/JSON/JSONReader.h"
+#include "QuorvelKit/MarketData/Binance/BinanceMessageDecoder.h"
 #include "QuorvelKit/MarketModel/Decimal.h"
 #include "QuorvelKit/MarketModel/Symbol.h"
 

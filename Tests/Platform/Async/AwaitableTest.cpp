@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 // What every awaitable owes whoever awaits it, held against each of them.
 
 #include "Platform/Async/AsyncStream.h"
@@ -5,7 +8,7 @@
 #include "Platform/Async/SleepFor.h"
 #include "Platform/Async/TaskHandle.h"
 #include "Platform/Async/WorkerThread.h"
-#include "Platform/Services/DBusCall.h"
+#include "Platform/DBus/DBusCall.h"
 #include "Tests/Support/FakeNotificationService.h"
 #include "Tests/Support/ManualClock.h"
 #include "Tests/Support/PrivateBus.h"

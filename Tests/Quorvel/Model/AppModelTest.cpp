@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Tests/Quorvel/Model/ModelFixture.h"
 
 #include <QFile>

@@ -1,4 +1,7 @@
-#include "Platform/Desktop/SystemColors.h"
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Platform/Appearance/SystemColors.h"
 #include "Quorvel/Panel/FittedText.h"
 #include "Quorvel/Panel/RowDrag.h"
 #include "Tests/Quorvel/Panel/PanelFixture.h"

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "Platform/Desktop/Popover.h"
+#include "Platform/Popover/Popover.h"
 #include "Quorvel/Panel/WatchlistPanel.h"
 #include "Tests/Quorvel/Model/ModelFixture.h"
 

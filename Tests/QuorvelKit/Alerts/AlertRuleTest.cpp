@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "QuorvelKit/Alerts/AlertRule.h"
 
-#include "Platform/Foundation/JSONReader.h"
+#include "Platform/JSON/JSONReader.h"
 #include "Tests/QuorvelKit/Alerts/AlertSamples.h"
 #include "Tests/Support/Cases.h"
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "QuorvelKit/Alerts/FileAlertPersistence.h"
 
 #include "Tests/QuorvelKit/Alerts/AlertSamples.h"

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
 
-#include "Platform/Services/ServiceError.h"
+#include "Platform/DBus/ServiceError.h"
 #include "Platform/Services/UserNotificationCenter.h"
 #include "Tests/Support/FakeNotificationService.h"
 #include "Tests/Support/ManualClock.h"

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "QuorvelKit/MarketModel/Symbol.h"
 
-#include "Platform/Foundation/JSONReader.h"
+#include "Platform/JSON/JSONReader.h"
 #include "QuorvelKit/MarketModel/ChartPeriod.h"
 #include "QuorvelKit/MarketModel/WatchlistItem.h"
 #include "Tests/Support/Cases.h"

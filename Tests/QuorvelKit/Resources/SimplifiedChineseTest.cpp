@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/StringTable.h"

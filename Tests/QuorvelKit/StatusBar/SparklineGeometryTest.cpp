@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
 #include "QuorvelKit/StatusBar/SparklineGeometry.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Platform/DBus/DBusObject.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+const auto propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+void requireSignature(const QDBusMessage& message, QStringView signature) {
+    if (message.signature() != signature)
+        throw DBusCallError(QDBusError::InvalidArgs, "The arguments have the wrong types");
+}
+
+} // namespace
+
+DBusObject::DBusObject(QString interface, QString description, QObject* parent)
+    : QDBusVirtualObject(parent),
+      interface_(std::move(interface)),
+      description_(std::move(description)) {}
+
+void DBusObject::addMethod(QString name, QString signature, Method method) {
+    methods_.push_back({std::move(name), std::move(signature), std::move(method)});
+}
+
+bool DBusObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
+    // Qt asks `introspect` for these.
+    if (message.interface() == QStringLiteral("org.freedesktop.DBus.Introspectable"))
+        return false;
+    QDBusMessage reply;
+    try {
+        reply = message.createReply(answer(message));
+    } catch (const DBusCallError& error) {
+        reply = message.createErrorReply(error.type(), QString::fromUtf8(error.what()));
+    }
+    if (message.isReplyRequired())
+        connection.send(reply);
+    return true;
+}
+
+QString DBusObject::introspect(const QString&) const {
+    return description_;
+}
+
+QVariantList DBusObject::answer(const QDBusMessage& message) const {
+    const QString interface = message.interface();
+    if (interface == propertiesInterface)
+        return answerPropertiesCall(message);
+    // A call may leave the interface out.
+    if (interface.isEmpty() || interface == interface_)
+        return answerOwnCall(message);
+    throw DBusCallError(QDBusError::UnknownInterface, "No such interface");
+}
+
+QVariantList DBusObject::answerOwnCall(const QDBusMessage& message) const {
+    const auto found = std::ranges::find(methods_, message.member(), &NamedMethod::name);
+    if (found == methods_.end())
+        throw DBusCallError(QDBusError::UnknownMethod, "No such method");
+    requireSignature(message, found->signature);
+    return found->method(message.arguments());
+}
+
+QVariantList DBusObject::answerPropertiesCall(const QDBusMessage& message) const {
+    const QVariantList arguments = message.arguments();
+    if (message.member() == QStringLiteral("Get")) {
+        requireSignature(message, u"ss");
+        requireOwnInterface(arguments[0].toString());
+        return {QVariant::fromValue(QDBusVariant(property(arguments[1].toString())))};
+    }
+    if (message.member() == QStringLiteral("GetAll")) {
+        requireSignature(message, u"s");
+        requireOwnInterface(arguments[0].toString());
+        return {properties()};
+    }
+    if (message.member() == QStringLiteral("Set")) {
+        requireSignature(message, u"ssv");
+        requireOwnInterface(arguments[0].toString());
+        property(arguments[1].toString());
+        throw DBusCallError(QDBusError::PropertyReadOnly, "The property cannot be written");
+    }
+    throw DBusCallError(QDBusError::UnknownMethod, "No such method");
+}
+
+QVariant DBusObject::property(const QString& name) const {
+    const QVariantMap all = properties();
+    const auto found = all.find(name);
+    if (found == all.end())
+        throw DBusCallError(QDBusError::UnknownProperty, "No such property");
+    return *found;
+}
+
+void DBusObject::requireOwnInterface(const QString& interface) const {
+    if (!interface.isEmpty() && interface != interface_)
+        throw DBusCallError(QDBusError::UnknownInterface, "No such interface");
+}
+
+QDBusMessage DBusObject::signalMessage(const QString& path, const QString& name,
+                                       const QVariantList& arguments) const {
+    QDBusMessage message = QDBusMessage::createSignal(path, interface_, name);
+    message.setArguments(arguments);
+    return message;
+}
+
+} // namespace platform

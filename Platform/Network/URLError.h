@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Platform/Foundation/PlatformError.h"
+
+namespace platform {
+
+/// A transfer or a connection failed before or beside any answer of the server's.
+class URLError : public PlatformError {
+public:
+    enum class Code {
+        cancelled,           ///< given up by this side
+        timedOut,            ///< the other side did not answer in time
+        cannotConnect,       ///< no address, no route, refused, or not a server of the right kind
+        connectionLost,      ///< an established connection broke
+        connectionClosed,    ///< the other side closed it in order
+        insecureConnection,  ///< no trustworthy encryption
+        dataTooLarge,        ///< more than this side is willing to take
+        unsupportedLocation, ///< not a place this kind of transfer can go to
+    };
+
+    URLError(Code code, const QString& description) : PlatformError(description), code_(code) {}
+
+    Code code() const { return code_; }
+
+private:
+    Code code_;
+};
+
+} // namespace platform

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Platform/Async/Task.h"
+#include "Platform/Foundation/Clock.h"
+#include "Platform/Network/URLError.h"
+#include "Platform/Network/URLSessionWebSocketTask.h"
+
+#include <QByteArray>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+class QNetworkAccessManager;
+
+namespace platform {
+
+/// What came back for a request.
+struct URLResponse {
+    QByteArray body;
+    /// The HTTP status; absent where the answer did not come over HTTP.
+    std::optional<int> statusCode;
+};
+
+/// Transfers and WebSocket connections, with the user's proxy settings and the system's
+/// certificates. A certificate that does not verify fails the transfer, and nothing here can change
+/// that.
+///
+/// Lives on one thread, and outlives the tasks that use it.
+class URLSession {
+public:
+    /// How long a transfer may stay without any progress.
+    static constexpr std::chrono::seconds requestTimeout{60};
+
+    /// Larger bodies are refused.
+    static constexpr qsizetype largestBody = 64 * 1024 * 1024;
+
+    explicit URLSession(Clock& clock);
+    URLSession(const URLSession&) = delete;
+    URLSession& operator=(const URLSession&) = delete;
+    ~URLSession();
+
+    /// GETs `url` and waits for the whole answer, whatever its status. Redirects are followed
+    /// unless they lead from an encrypted place to an unencrypted one. Cancelling the task ends the
+    /// transfer.
+    /// @throws URLError where no whole answer arrived
+    Task<URLResponse> data(QUrl url);
+
+    /// A connection to `url`, not opened yet.
+    std::shared_ptr<URLSessionWebSocketTask> webSocketTask(const QUrl& url);
+
+    /// Waits until the WebSocket connections that were cancelled have said goodbye and are gone, or
+    /// `limit` has passed.
+    Task<> finishClosing(TimeInterval limit);
+
+private:
+    Clock& clock_;
+    std::unique_ptr<QNetworkAccessManager> manager_;
+    ClosingWebSockets closing_;
+};
+
+} // namespace platform

@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Platform/Network/URLSessionWebSocketTask.h"
+
+#include "Platform/Foundation/StringTable.h"
+
+#include <QWebSocket>
+
+#include <algorithm>
+#include <utility>
+
+namespace platform {
+
+using Task = URLSessionWebSocketTask;
+
+Task::Send::~Send() {
+    std::erase(task_.waitingSends_, this);
+}
+
+bool Task::Send::isReady() {
+    if (task_.canSend() && task_.waitingSends_.empty())
+        isSent_ = task_.write(text_);
+    return isSent_ || task_.error_;
+}
+
+bool Task::Send::suspend(Suspension waiter) {
+    waiter_ = waiter;
+    task_.waitingSends_.push_back(this);
+    return true;
+}
+
+void Task::Send::take() const {
+    if (!isSent_)
+        throw URLError(*task_.error_);
+}
+
+Task::Receive::~Receive() {
+    if (isWaiting_)
+        task_.receiver_ = {};
+}
+
+bool Task::Receive::isReady() const {
+    return !task_.messages_.empty() || task_.error_;
+}
+
+bool Task::Receive::suspend(Suspension waiter) {
+    Q_ASSERT_X(!task_.receiver_, "receive", "one caller at a time");
+    task_.receiver_ = waiter;
+    isWaiting_ = true;
+    return true;
+}
+
+WebSocketMessage Task::Receive::take() {
+    isWaiting_ = false;
+    if (task_.messages_.empty())
+        throw URLError(*task_.error_);
+    WebSocketMessage message = std::move(task_.messages_.front());
+    task_.messages_.pop_front();
+    return message;
+}
+
+Task::URLSessionWebSocketTask(const QUrl& url, Clock& clock, ClosingWebSockets& closing)
+    : url_(url),
+      clock_(clock),
+      closing_(closing),
+      socket_(std::make_unique<QWebSocket>()),
+      context_(std::make_unique<QObject>()) {
+    socket_->setMaxAllowedIncomingMessageSize(largestMessage);
+    socket_->setMaxAllowedIncomingFrameSize(largestMessage);
+    connectSignals();
+}
+
+Task::~URLSessionWebSocketTask() {
+    release();
+}
+
+void Task::connectSignals() {
+    QWebSocket* const socket = socket_.get();
+    QObject* const context = context_.get();
+    QObject::connect(socket, &QWebSocket::connected, context, [this] { opened(); });
+    QObject::connect(
+        socket, &QWebSocket::textMessageReceived, context,
+        [this](const QString& text) { received({WebSocketMessage::Kind::text, text.toUtf8()}); });
+    QObject::connect(
+        socket, &QWebSocket::binaryMessageReceived, context,
+        [this](const QByteArray& bytes) { received({WebSocketMessage::Kind::binary, bytes}); });
+    // Which of the two comes first depends on what went wrong.
+    QObject::connect(socket, &QWebSocket::disconnected, context, [this] {
+        failed(wasOpened_ ? URLError::Code::connectionClosed : URLError::Code::cannotConnect,
+               localized("Platform", "The connection was closed."));
+    });
+    QObject::connect(socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), context,
+                     [this](QAbstractSocket::SocketError) {
+                         failed(wasOpened_ ? URLError::Code::connectionLost
+                                           : URLError::Code::cannotConnect,
+                                socket_->errorString());
+                     });
+}
+
+void Task::resume() {
+    handshakeTimer_ = clock_.startTimer(handshakeTimeout, [this] {
+        failed(URLError::Code::timedOut, localized("Platform", "The connection timed out."));
+    });
+    socket_->open(url_);
+}
+
+bool Task::isOpen() const {
+    return socket_ && socket_->state() == QAbstractSocket::ConnectedState && !error_;
+}
+
+bool Task::canSend() const {
+    return isOpen() && !sendTimer_;
+}
+
+bool Task::write(const QString& text) {
+    if (sendInterval_.count() > 0) {
+        sendTimer_ = clock_.startTimer(sendInterval_, [this] {
+            sendTimer_.reset();
+            sendWaiting();
+        });
+    }
+    return socket_->sendTextMessage(text) > 0 || text.isEmpty();
+}
+
+void Task::opened() {
+    wasOpened_ = true;
+    handshakeTimer_.reset();
+    sendWaiting();
+}
+
+void Task::sendWaiting() {
+    const auto keptAlive = shared_from_this();
+    while (canSend() && !waitingSends_.empty()) {
+        Send* const next = waitingSends_.front();
+        waitingSends_.pop_front();
+        next->isSent_ = write(next->text_);
+        next->waiter_.resume();
+    }
+}
+
+void Task::received(WebSocketMessage message) {
+    messages_.push_back(std::move(message));
+    if (const Suspension receiver = std::exchange(receiver_, {}))
+        receiver.resume();
+}
+
+void Task::failed(URLError::Code code, const QString& description) {
+    if (error_)
+        return;
+    const auto keptAlive = shared_from_this();
+    error_.emplace(code, description);
+    release();
+    while (!waitingSends_.empty()) {
+        Send* const next = waitingSends_.front();
+        waitingSends_.pop_front();
+        next->waiter_.resume();
+    }
+    if (const Suspension receiver = std::exchange(receiver_, {}))
+        receiver.resume();
+}
+
+void Task::cancel(std::uint16_t closeCode) {
+    if (error_)
+        return;
+    messages_.clear();
+    if (isOpen()) {
+        context_.reset();
+        closing_.close(std::move(socket_), closeCode);
+    }
+    failed(URLError::Code::cancelled, localized("Platform", "The connection was cancelled."));
+}
+
+void Task::release() {
+    handshakeTimer_.reset();
+    sendTimer_.reset();
+    context_.reset();
+    if (!socket_)
+        return;
+    socket_->abort();
+    closing_.discard(std::move(socket_));
+}
+
+} // namespace platform

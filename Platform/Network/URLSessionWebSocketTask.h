@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Platform/Async/Awaiter.h"
+#include "Platform/Foundation/Clock.h"
+#include "Platform/Network/ClosingWebSockets.h"
+#include "Platform/Network/URLError.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QUrl>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+
+class QWebSocket;
+
+namespace platform {
+
+/// One message of a WebSocket connection.
+struct WebSocketMessage {
+    enum class Kind { text, binary };
+
+    Kind kind = Kind::text;
+    QByteArray payload; ///< a text as UTF-8, else the bytes as they came
+};
+
+/// One WebSocket connection, from `resume` to its end; it is not opened twice. Belongs to the
+/// thread it was made on. Made by `URLSession::webSocketTask`.
+class URLSessionWebSocketTask : public std::enable_shared_from_this<URLSessionWebSocketTask> {
+public:
+    /// Close code of an endpoint that goes away (RFC 6455, section 7.4.1).
+    static constexpr std::uint16_t goingAway = 1001;
+
+    /// How long the opening handshake may take.
+    static constexpr std::chrono::seconds handshakeTimeout{60};
+
+    /// Larger messages end the connection.
+    static constexpr quint64 largestMessage = 1024 * 1024;
+
+    /// Waits until a text has been handed to the network.
+    class [[nodiscard]] Send : public Awaiter {
+    public:
+        Send(URLSessionWebSocketTask& task, QString text) : task_(task), text_(std::move(text)) {}
+        ~Send();
+
+        bool isReady();
+        bool suspend(Suspension waiter);
+        void take() const;
+
+    private:
+        friend class URLSessionWebSocketTask;
+        URLSessionWebSocketTask& task_;
+        QString text_;
+        Suspension waiter_;
+        bool isSent_ = false;
+    };
+
+    /// Waits for a message.
+    class [[nodiscard]] Receive : public Awaiter {
+    public:
+        explicit Receive(URLSessionWebSocketTask& task) : task_(task) {}
+        ~Receive();
+
+        bool isReady() const;
+        bool suspend(Suspension waiter);
+        WebSocketMessage take();
+
+    private:
+        URLSessionWebSocketTask& task_;
+        bool isWaiting_ = false;
+    };
+
+    URLSessionWebSocketTask(const QUrl& url, Clock& clock, ClosingWebSockets& closing);
+    URLSessionWebSocketTask(const URLSessionWebSocketTask&) = delete;
+    URLSessionWebSocketTask& operator=(const URLSessionWebSocketTask&) = delete;
+    ~URLSessionWebSocketTask();
+
+    /// Keeps at least this time between two sent messages; those in between wait their turn. None
+    /// at first.
+    void setSendInterval(std::chrono::milliseconds interval) { sendInterval_ = interval; }
+
+    /// Begins to connect and returns at once.
+    void resume();
+
+    /// Sends one text message. Before the handshake has ended it waits, and goes out in its turn.
+    /// @throws URLError where the connection fails or has ended
+    Send send(const QString& text) { return Send(*this, text); }
+
+    /// The next message, in the order of arrival. What arrives unasked waits. One caller at a time.
+    /// @throws URLError where the connection fails or has ended and nothing is left
+    Receive receive() { return Receive(*this); }
+
+    /// Ends the connection: with a close frame of this code where it is open, else without a word.
+    /// Whoever waits fails with a cancellation; what has not been received is dropped.
+    void cancel(std::uint16_t closeCode);
+
+private:
+    void connectSignals();
+    void opened();
+    void sendWaiting();
+    bool canSend() const;
+    bool write(const QString& text);
+    void received(WebSocketMessage message);
+    void failed(URLError::Code code, const QString& description);
+    void release();
+    bool isOpen() const;
+
+    QUrl url_;
+    Clock& clock_;
+    ClosingWebSockets& closing_;
+    std::unique_ptr<QWebSocket> socket_;
+    std::unique_ptr<ClockTimer> handshakeTimer_;
+    std::unique_ptr<ClockTimer> sendTimer_; ///< runs while the next message must wait
+    std::chrono::milliseconds sendInterval_{0};
+    bool wasOpened_ = false;
+    std::unique_ptr<QObject> context_;
+    std::deque<Send*> waitingSends_;
+    std::deque<WebSocketMessage> messages_;
+    std::optional<URLError> error_;
+    Suspension receiver_;
+};
+
+} // namespace platform

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Platform/Network/URLTransfer.h"
+
+#include "Platform/Foundation/StringTable.h"
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+/// The HTTP status, also of an answer that Qt reports as an error of the reply; absent for other
+/// schemes, to which Qt gives a status as well.
+std::optional<int> statusOf(const QNetworkReply& reply) {
+    const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    if (!status.isValid() || !reply.url().scheme().startsWith(QLatin1StringView("http")))
+        return std::nullopt;
+    return status.toInt();
+}
+
+URLError::Code codeOf(QNetworkReply::NetworkError error) {
+    switch (error) {
+    case QNetworkReply::TimeoutError:
+        return URLError::Code::timedOut;
+    case QNetworkReply::SslHandshakeFailedError:
+    case QNetworkReply::InsecureRedirectError:
+        return URLError::Code::insecureConnection;
+    case QNetworkReply::RemoteHostClosedError:
+    case QNetworkReply::ProtocolFailure:
+        return URLError::Code::connectionLost;
+    case QNetworkReply::OperationCanceledError:
+        return URLError::Code::cancelled;
+    case QNetworkReply::ProtocolUnknownError:
+    case QNetworkReply::ProtocolInvalidOperationError:
+        return URLError::Code::unsupportedLocation;
+    default:
+        return URLError::Code::cannotConnect;
+    }
+}
+
+} // namespace
+
+URLTransfer::URLTransfer(QNetworkReply& reply, Clock& clock) : reply_(&reply), clock_(clock) {
+    QObject::connect(reply_, &QNetworkReply::readyRead, &context_, [this] { takeBytes(); });
+    QObject::connect(reply_, &QNetworkReply::metaDataChanged, &context_,
+                     [this] { restartTimer(); });
+    QObject::connect(reply_, &QNetworkReply::finished, &context_, [this] {
+        timer_.reset();
+        if (const Suspension waiter = std::exchange(waiter_, {}))
+            waiter.resume();
+    });
+    restartTimer();
+}
+
+URLTransfer::~URLTransfer() {
+    reply_->disconnect(&context_);
+    reply_->abort();
+    reply_->deleteLater();
+}
+
+URLResponse URLTransfer::response() {
+    if (abortReason_ == URLError::Code::timedOut)
+        throw URLError(URLError::Code::timedOut, localized("Platform", "The request timed out."));
+    if (abortReason_)
+        throw URLError(*abortReason_, localized("Platform", "The answer is too large."));
+    constexpr int firstErrorStatus = 400;
+    const auto status = statusOf(*reply_);
+    if (reply_->error() != QNetworkReply::NoError && status < firstErrorStatus)
+        throw URLError(codeOf(reply_->error()), reply_->errorString());
+    takeBytes();
+    return {std::move(body_), status};
+}
+
+void URLTransfer::restartTimer() {
+    timer_ =
+        clock_.startTimer(URLSession::requestTimeout, [this] { abort(URLError::Code::timedOut); });
+}
+
+void URLTransfer::takeBytes() {
+    if (abortReason_)
+        return;
+    body_ += reply_->readAll();
+    if (body_.size() > URLSession::largestBody)
+        abort(URLError::Code::dataTooLarge);
+    else if (!reply_->isFinished())
+        restartTimer();
+}
+
+void URLTransfer::abort(URLError::Code reason) {
+    abortReason_ = reason;
+    reply_->abort(); // emits finished, which continues whoever waits
+}
+
+} // namespace platform

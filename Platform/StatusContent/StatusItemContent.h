@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Platform/StatusContent/AttributedTitle.h"
+#include "Platform/StatusContent/MenuEntry.h"
+#include "Platform/StatusContent/StatusItemImage.h"
+
+#include <vector>
+
+namespace platform {
+
+/// Everything that a status item shows at one moment.
+struct StatusItemContent {
+    StatusItemImage image;
+    AttributedTitle title;
+    QString toolTip;
+    std::vector<MenuEntry> menu;
+
+    bool operator==(const StatusItemContent&) const = default;
+};
+
+} // namespace platform

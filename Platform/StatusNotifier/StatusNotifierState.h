@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Platform/StatusNotifier/StatusNotifierTypes.h"
+
+#include <QString>
+
+namespace platform {
+
+/// What a status item says of itself on the bus and may change.
+struct StatusNotifierState {
+    /// Empty: the item has no label, and says so by not having the property.
+    QString label;
+
+    /// The text that a panel should keep room for, so that neighbours do not jump at each price.
+    QString labelGuide;
+
+    QString toolTip;
+
+    /// The absolute path of an image file; empty when there is none.
+    QString iconName;
+
+    IconPixmapList iconPixmaps;
+
+    bool operator==(const StatusNotifierState&) const = default;
+};
+
+} // namespace platform

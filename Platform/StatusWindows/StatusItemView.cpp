@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Platform/StatusWindows/StatusItemView.h"
+
+#include "Platform/Controls/AccessibleRole.h"
+#include "Platform/Controls/PopupMenu.h"
+
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace platform {
+
+namespace {
+
+constexpr int lineHeight = 22;
+
+/// Shows each character as it is.
+QString withoutAccessKeys(QString text) {
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+} // namespace
+
+StatusItemView::StatusItemView(Qt::WindowFlags flags, QMargins inset)
+    : QWidget(nullptr, flags), inset_(inset) {
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_AlwaysShowToolTips);
+    setFocusPolicy(Qt::NoFocus);
+    setAccessibleRole(*this, QAccessible::Button);
+}
+
+void StatusItemView::setContent(const StatusItemContent& content) {
+    if (content_ == content)
+        return;
+    content_ = content;
+    painter_.emplace(content, lineHeight);
+    setAccessibleName(content.toolTip);
+    // The text need not be told to somebody who is looking at it.
+    setToolTip(content.title.plainText().isEmpty() ? content.toolTip : QString());
+    const QSize size = painter_->size().grownBy(inset_);
+    if (size != this->size())
+        contentResized(size);
+    update();
+}
+
+void StatusItemView::contentResized(QSize size) {
+    setFixedSize(size);
+}
+
+void StatusItemView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        Q_EMIT clicked();
+}
+
+void StatusItemView::contextMenuEvent(QContextMenuEvent* event) {
+    if (!content_ || content_->menu.empty())
+        return;
+    auto* const menu = new PopupMenu(this);
+    for (const MenuEntry& entry : content_->menu) {
+        if (entry.isSeparator) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction* const action = menu->addAction(withoutAccessKeys(entry.text));
+        action->setEnabled(entry.isEnabled);
+        connect(
+            action, &QAction::triggered, this, [this, id = entry.id] { Q_EMIT menuTriggered(id); },
+            Qt::QueuedConnection);
+    }
+    menu->popup(event->globalPos());
+}
+
+void StatusItemView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintGround(painter);
+    if (!painter_)
+        return;
+    // A tray may give more room than was asked for.
+    const QSize free = size().shrunkBy(inset_) - painter_->size();
+    const QPoint origin(inset_.left() + std::max(0, free.width() / 2),
+                        inset_.top() + free.height() / 2);
+    painter.translate(origin);
+    painter_->paint(painter, colors());
+}
+
+} // namespace platform

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Platform/Async/Mailbox.h"
+#include "Platform/Async/WorkerThread.h"
+#include "Platform/Foundation/Clock.h"
+#include "QuorvelKit/MarketData/Binance/BinanceRESTClient.h"
+#include "QuorvelKit/MarketData/Binance/BinanceWebSocketClient.h"
+#include "QuorvelKit/MarketData/MarketDataProvider.h"
+
+#include <functional>
+#include <memory>
+
+namespace platform {
+class URLSession;
+}
+
+namespace quorvel {
+
+/// Market data from the exchange: one REST client and one streaming client on a network thread of
+/// their own. Belongs to the main thread; destroying it ends the network thread.
+class BinanceProvider final : public MarketDataProvider {
+public:
+    /// What lives on the network thread. Made, used and destroyed there.
+    struct Clients {
+        std::unique_ptr<platform::URLSession> session; ///< may be absent in a scripted set
+        std::unique_ptr<BinanceRESTClient> rest;
+        std::unique_ptr<BinanceWebSocketClient> webSocket;
+
+        Clients();
+        Clients(Clients&&) noexcept;
+        Clients& operator=(Clients&&) = delete;
+        ~Clients();
+
+        /// Stops the stream and waits until its connection has said goodbye.
+        platform::Task<> stop();
+    };
+
+    /// Scheme and host of the exchange's REST interface.
+    static QUrl defaultRESTURL();
+
+    /// @param makeClients runs on the network thread
+    explicit BinanceProvider(std::move_only_function<Clients()> makeClients);
+
+    /// The provider over the network.
+    /// @param clock must outlive the provider; used on both threads
+    static std::unique_ptr<BinanceProvider> live(platform::Clock& clock, QUrl restURL,
+                                                 QUrl streamURL);
+
+    platform::Task<std::vector<Quote>> snapshot(std::vector<Symbol> symbols) override;
+    platform::Task<std::vector<Symbol>> availableSymbols() override;
+    platform::Task<std::vector<Candle>> candles(Symbol symbol, ChartPeriod period) override;
+    platform::Task<platform::AsyncStream<Quote>> quotes() override;
+    platform::Task<> updateSubscriptions(SymbolSet symbols) override;
+    platform::Task<> stop() override;
+
+private:
+    platform::WorkerThread thread_;
+    platform::Mailbox<Clients> clients_;
+};
+
+} // namespace quorvel

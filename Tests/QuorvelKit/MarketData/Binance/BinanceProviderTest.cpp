@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
+
+#include "Platform/Foundation/SystemClock.h"
+#include "Platform/JSON/DecodingError.h"
+#include "Platform/Network/URLError.h"
+#include "QuorvelKit/MarketData/HTTPTransportError.h"
+#include "Tests/Support/MarketSamples.h"
+#include "Tests/Support/RunTask.h"
+#include "Tests/Support/SimulatorProcess.h"
+
+#include <gtest/gtest.h>
+
+using namespace quorvel;
+using namespace test;
+using platform::Task;
+
+namespace {
+
+const Symbol umlaut{"Ä", "USDT"};
+const Symbol fullWidth{"１２", "USDT"};
+
+/// The provider on its network thread, against the simulator.
+class Provider : public testing::Test {
+protected:
+    void push(const QByteArray& symbol, const QByteArray& price) const {
+        simulator_.control("push", R"({"symbol":")" + symbol + R"(","price":")" + price + "\"}");
+    }
+
+    /// How the simulator answers requests for candles; the members of a "rest" control.
+    void answerCandles(const QByteArray& members) const {
+        simulator_.control("rest", R"({"path":"/api/v3/klines",)" + members + "}");
+    }
+
+    Task<std::vector<Candle>> candles() { return provider_->candles(btc, ChartPeriod::week); }
+
+    static Task<> collect(BinanceProvider& provider, std::vector<Quote>& quotes, bool& ended) {
+        auto stream = co_await provider.quotes();
+        while (auto quote = co_await stream.next())
+            quotes.push_back(*quote);
+        ended = true;
+    }
+
+    void subscribe(const SymbolSet& symbols) {
+        runTask(provider_->updateSubscriptions(symbols));
+        ASSERT_TRUE(waitUntil([this] { return simulator_.connectionCount() == 1; }));
+    }
+
+    SimulatorProcess simulator_;
+    platform::SystemClock clock_;
+    std::unique_ptr<BinanceProvider> provider_ =
+        BinanceProvider::live(clock_, simulator_.restURL(), simulator_.streamURL());
+    std::vector<Quote> quotes_;
+    bool ended_ = false;
+    Running<void> consumer_{collect(*provider_, quotes_, ended_)};
+};
+
+TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
+    subscribe({btc});
+    push("BTCUSDT", "65000.10");
+    ASSERT_TRUE(waitUntil([&] { return quotes_.size() == 1; }));
+    EXPECT_EQ(quotes_[0].symbol, btc);
+    EXPECT_EQ(quotes_[0].lastPrice, decimal("65000.1"));
+    runTask(provider_->stop());
+    EXPECT_TRUE(waitUntil([&] { return ended_; }));
+    const auto closed = simulator_.details(QStringLiteral("streamClosed"));
+    ASSERT_EQ(closed.size(), 1) << "stop returned before the connection was closed";
+    EXPECT_EQ(closed[0][u"code"].toInt(), 1001);
+}
+
+TEST_F(Provider, KnowsPairsWithLettersAndDigitsFromAnyScript) {
+    push("ÄUSDT", "0.00001234");
+    push("１２USDT", "7");
+    const auto snapshot = runTask(provider_->snapshot({umlaut, fullWidth}));
+    ASSERT_EQ(snapshot.size(), 2u);
+    EXPECT_EQ(snapshot[0].symbol, umlaut);
+    EXPECT_EQ(snapshot[1].symbol, fullWidth);
+
+    subscribe({btc, umlaut});
+    subscribe({umlaut, fullWidth});
+    ASSERT_EQ(simulator_.waitForDetails(QStringLiteral("text"), 2).size(), 2);
+    push("ÄUSDT", "1");
+    push("１２USDT", "2");
+    push("BTCUSDT", "3");
+    ASSERT_TRUE(waitUntil([&] { return quotes_.size() >= 2; }));
+    EXPECT_EQ(quotes_[0].symbol, umlaut);
+    EXPECT_EQ(quotes_[1].symbol, fullWidth);
+}
+
+TEST_F(Provider, PassesErrorsOnFromTheNetworkThread) {
+    answerCandles(R"("status":418)");
+    EXPECT_EQ(errorOf<HTTPTransportError>(candles()), HTTPTransportError::requestFailed(418));
+    answerCandles(R"("body":"[[1,2")");
+    EXPECT_EQ(errorOf<platform::DecodingError>(candles())->kind(),
+              platform::DecodingError::Kind::dataCorrupted);
+    answerCandles(R"("reset":true)");
+    EXPECT_EQ(runTask(candles()).size(), 42u);
+    simulator_.kill();
+    EXPECT_EQ(errorOf<platform::URLError>(candles())->code(),
+              platform::URLError::Code::cannotConnect);
+}
+
+TEST_F(Provider, MayGoWhileCallsAreUnderWay) {
+    simulator_.control("rest", R"({"path":"/api/v3/exchangeInfo","hang":true})");
+    Running<std::vector<Symbol>> hanging(provider_->availableSymbols());
+    runTask(provider_->updateSubscriptions({btc}));
+    ASSERT_EQ(simulator_.waitForDetails(QStringLiteral("request")).size(), 1);
+    hanging.cancel();
+    consumer_.cancel();
+    provider_.reset();
+    EXPECT_TRUE(waitUntil([&] { return simulator_.connectionCount() == 0; }));
+}
+
+} // namespace

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Tools/ExchangeSimulator/HTTP/HTTPConnection.h"
+
+#include <QTcpSocket>
+
+namespace simulator {
+
+HTTPConnection::HTTPConnection(QTcpSocket* socket, const Handler& handler, QObject* parent)
+    : QObject(parent), socket_(socket), handler_(handler) {
+    socket_->setParent(this);
+    connect(socket_, &QTcpSocket::readyRead, this, &HTTPConnection::receive);
+    connect(socket_, &QTcpSocket::disconnected, this, &QObject::deleteLater);
+}
+
+void HTTPConnection::receive() {
+    parser_.append(socket_->readAll());
+    handleNext();
+}
+
+void HTTPConnection::handleNext() {
+    if (!socket_ || answering_ || !keepAlive_)
+        return;
+    const std::optional<HTTPRequest> request = parser_.next();
+    if (request) {
+        answering_ = true;
+        keepAlive_ = request->keepAlive;
+        handler_(*this, *request);
+    } else if (parser_.hasFailed()) {
+        keepAlive_ = false;
+        Q_EMIT malformed();
+        respond({.status = 400, .headers = {}, .body = {}});
+    }
+}
+
+void HTTPConnection::respond(const HTTPResponse& response) {
+    answering_ = false;
+    held_.reset();
+    keepAlive_ = keepAlive_ && !response.truncate;
+    socket_->write(response.wireBytes(keepAlive_));
+    if (!keepAlive_) {
+        socket_->disconnectFromHost();
+        return;
+    }
+    // By way of the event loop: a client may pipeline more requests than the stack is deep.
+    QMetaObject::invokeMethod(this, &HTTPConnection::handleNext, Qt::QueuedConnection);
+}
+
+std::pair<QTcpSocket*, QByteArray> HTTPConnection::takeSocket() {
+    QTcpSocket* socket = std::exchange(socket_, nullptr);
+    socket->disconnect(this);
+    socket->setParent(nullptr);
+    deleteLater();
+    return {socket, parser_.takeRest()};
+}
+
+} // namespace simulator
