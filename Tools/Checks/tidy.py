@@ -101,7 +101,10 @@ def main():
     build, jobs = sys.argv[1], int(sys.argv[2])
     folder = os.path.join(build, "tidy")
     os.makedirs(folder, exist_ok=True)
-    wanted = [os.path.realpath(line.strip()) for line in sys.stdin]
+    wanted = [os.path.realpath(line.strip()) for line in sys.stdin if line.strip()]
+    if not wanted:
+        print("no files to look at")
+        return
     files = sources(build, wanted)
     if not files:
         sys.exit("tidy: none of the files is compiled here")

@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 
 # shellcheck shell=bash
-# Each step below is a function step_NAME; `./dev check` runs all, `./dev check NAME...` those named.
+# Each step below is a function step_NAME; `./dev check` runs all, `./dev check NAME...` those named,
+# tidy_change among them.
 
 allSteps=(format structure licences translations scripts tidy asan tsan desktop)
 
@@ -62,6 +63,18 @@ step_tidy() {
     cxxFiles | { grep '\.cpp$' || true; } | python3 Tools/Checks/tidy.py build/debug "$(nproc)"
 }
 
+# The same for what has changed: since $QUORVEL_BASE, or, where that is not set, within the eight hours
+# before the newest commit.
+step_tidy_change() {
+    local base newest
+    requirePackages build test tidy
+    buildPreset debug
+    newest="$(git log -1 --format=%ct)"
+    base="${QUORVEL_BASE:-$(git rev-list -1 --before="@$((newest - 8 * 3600))" HEAD)}"
+    python3 Tools/Checks/changed_sources.py "${base:-$(git rev-list --max-parents=0 HEAD | tail -n 1)}" |
+        python3 Tools/Checks/tidy.py build/debug "$(nproc)"
+}
+
 step_asan() {
     requirePackages build test sanitizers
     buildPreset asan
@@ -78,7 +91,7 @@ step_tsan() {
     buildPreset tsan PlatformTests QuorvelKitTests
     TSAN_OPTIONS="suppressions=$PWD/cmake/tsan.supp:external_symbolizer_path=/usr/bin/llvm-symbolizer-19" \
         ctest --test-dir build/tsan --output-on-failure --no-tests=error \
-        -R '^(PlatformTests|QuorvelKitTests)$'
+        -L '^(PlatformTests|QuorvelKitTests)$' -j"$(nproc)"
 }
 
 step_desktop() {
