@@ -6,7 +6,7 @@
 #include "Platform/JSON/DecodingError.h"
 #include "Platform/JSON/JSONText.h"
 
-#include <array>
+#include <bitset>
 #include <cstring>
 #include <utility>
 
@@ -18,26 +18,12 @@ bool isSpace(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
 
-/// The kinds of the containers that are open while a value is stepped over, one bit each.
-class OpenContainers {
-public:
-    bool isEmpty() const { return count_ == 0; }
-    int count() const { return count_; }
-    void push(bool isObject) {
-        const auto bit = std::uint64_t{1} << (count_ % 64);
-        auto& word = words_[static_cast<std::size_t>(count_ / 64)];
-        word = isObject ? word | bit : word & ~bit;
-        ++count_;
-    }
-    bool topIsObject() const {
-        const int top = count_ - 1;
-        return (words_[static_cast<std::size_t>(top / 64)] >> (top % 64) & 1) != 0;
-    }
-    void pop() { --count_; }
+/// The kinds of the containers that are open while a value is stepped over.
+struct OpenContainers {
+    std::bitset<JSONTokens::depthLimit> areObjects;
+    std::size_t count = 0;
 
-private:
-    int count_ = 0;
-    std::array<std::uint64_t, JSONTokens::depthLimit / 64 + 1> words_{};
+    bool topIsObject() const { return areObjects[count - 1]; }
 };
 
 } // namespace
@@ -111,28 +97,28 @@ JSONTokens::Position JSONTokens::endOfContainer(Position opening, int depth) con
             at = afterValue(open, at + 1);
             continue;
         }
-        if (depth + open.count() >= depthLimit)
+        if (static_cast<std::size_t>(depth) + open.count >= depthLimit)
             fail("The document nests too deeply.");
         const bool isObject = c == '{';
-        open.push(isObject);
+        open.areObjects[open.count++] = isObject;
         ++at;
         if (initial(at) == (isObject ? '}' : ']'))
             at = afterValue(open, at);
         else if (isObject)
             at = afterKey(at);
-    } while (!open.isEmpty());
+    } while (open.count > 0);
     return at;
 }
 
 template <typename Containers>
 JSONTokens::Position JSONTokens::afterValue(Containers& open, Position at) const {
-    while (!open.isEmpty()) {
+    while (open.count > 0) {
         const char c = initial(at);
         if (c == ',')
             return open.topIsObject() ? afterKey(at + 1) : at + 1;
         if (c != (open.topIsObject() ? '}' : ']'))
             fail("A value is followed by neither a comma nor the end of what holds it.");
-        open.pop();
+        --open.count;
         ++at;
     }
     return at;
@@ -155,10 +141,7 @@ void JSONTokens::checkScalar(Position token) const {
         number(token);
         return;
     }
-    const bool isName = (c == 't' && isLiteral(token, "true")) ||
-                        (c == 'f' && isLiteral(token, "false")) ||
-                        (c == 'n' && isLiteral(token, "null"));
-    if (!isName)
+    if (!isLiteral(token, "true") && !isLiteral(token, "false") && !isLiteral(token, "null"))
         fail("A value is missing or malformed.");
 }
 

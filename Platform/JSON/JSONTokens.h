@@ -59,7 +59,9 @@ public:
     std::string_view number(Position token) const;
 
     /// Whether the token is exactly this literal name.
-    bool isLiteral(Position token, std::string_view name) const { return text(token) == name; }
+    bool isLiteral(Position token, std::string_view name) const {
+        return initial(token) == name.front() && text(token) == name;
+    }
 
     Container enter(Position opening, int depth) const;
 
