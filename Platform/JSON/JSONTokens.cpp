@@ -52,17 +52,23 @@ std::string_view JSONTokens::text(Position token) const {
     return {bytes_ + begin, end - begin};
 }
 
-std::string_view JSONTokens::unusualString(Position token) {
+std::string_view JSONTokens::written(Position token) const {
     const std::string_view quoted = text(token);
     if (quoted.size() < 2 || quoted.back() != '"')
         fail("A string does not end.");
-    const std::string_view content = quoted.substr(1, quoted.size() - 2);
-    if (!hasEscapes_ || !content.contains('\\'))
-        return content;
-    auto unescaped = jsontext::unescape(content);
-    if (!unescaped)
+    return quoted.substr(1, quoted.size() - 2);
+}
+
+std::string JSONTokens::unescaped(std::string_view written) {
+    auto result = jsontext::unescape(written);
+    if (!result)
         fail("A string holds an invalid escape.");
-    return unescaped_.emplace_front(std::move(*unescaped));
+    return std::move(*result);
+}
+
+std::string_view JSONTokens::unusualString(Position token) {
+    const std::string_view content = written(token);
+    return content.contains('\\') ? unescaped_.emplace_front(unescaped(content)) : content;
 }
 
 std::string_view JSONTokens::number(Position token) const {
@@ -148,11 +154,8 @@ void JSONTokens::checkScalar(Position token) const {
 void JSONTokens::checkString(Position token) const {
     if (isPlainString(token))
         return;
-    const std::string_view quoted = text(token);
-    if (quoted.size() < 2 || quoted.back() != '"')
-        fail("A string does not end.");
-    if (hasEscapes_ && !jsontext::hasValidEscapes(quoted.substr(1, quoted.size() - 2)))
-        fail("A string holds an invalid escape.");
+    if (const auto content = written(token); content.contains('\\'))
+        unescaped(content);
 }
 
 } // namespace platform

@@ -76,6 +76,9 @@ private:
     bool isPlainString(Position token) const {
         return !hasEscapes_ && bytes_[*(token + 1) - 1] == '"' && *(token + 1) - *token >= 2;
     }
+    /// What stands between a string's quotes.
+    std::string_view written(Position token) const;
+    static std::string unescaped(std::string_view written);
     std::string_view unusualString(Position token);
     Position endOf(Position value, int depth) const;
     Position endOfUnusual(Position value, int depth) const;

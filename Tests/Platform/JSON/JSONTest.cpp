@@ -136,17 +136,15 @@ TEST(JSON, ResolvesEscapesInKeysAndValues) {
 
 TEST(JSON, ReadsWholeNumbersThatFitExactly) {
     const auto read = [](const char* text) { return decodeJSON(text, &JSONValue::asInteger); };
-    constexpr auto largest = std::numeric_limits<std::int64_t>::max();
-    EXPECT_EQ(read(" 42 "), 42);
-    EXPECT_EQ(read("9223372036854775807"), largest);
-    EXPECT_EQ(read("-9223372036854775808"), -largest - 1);
+    constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EQ(read("9223372036854775807"), -(smallest + 1));
+    EXPECT_EQ(read("-9223372036854775808"), smallest);
     EXPECT_EQ(read("12E+2"), 1200);
     EXPECT_EQ(read("1200e-2"), 12);
-    EXPECT_EQ(read("1e18"), 1'000'000'000'000'000'000);
-    EXPECT_EQ(read("10000000000000000000000e-20"), 100);
+    EXPECT_EQ(read("0e99999999999999999999"), 0);
     for (const char* text :
-         {"9223372036854775808", "-9223372036854775809", "125e-1", "1e19", "1e99999999999999999999",
-          "1.0", "1.5", "\"1\"", "null", "true", "[1]"})
+         {"9223372036854775808", "125e-1", "1e19", "1e999999999", "1e99999999999999999999",
+          "1e-999999999", "1.0", "0.0", "1.5", "\"1\"", "null", "[1]"})
         EXPECT_EQ(read(text), std::nullopt) << text;
 }
 
