@@ -173,22 +173,22 @@ TEST(JSON, ReadsValuesTwiceAndOutOfOrder) {
 TEST(JSON, NamesThePathOfAFault) {
     using Kind = DecodingError::Kind;
     using Path = std::vector<std::string>;
-    const auto expectFault = [](std::string_view document, Kind kind, const Path& path) {
+    const auto read = [](JSONValue root) {
+        return root.required(
+            "outer", [](JSONValue outer) { return outer.required("inner", &JSONValue::number); });
+    };
+    for (const auto& [document, kind, path] :
+         {std::tuple(R"({"outer":{"inner":"x"}})", Kind::typeMismatch, Path{"outer", "inner"}),
+          std::tuple(R"({"outer":{}})", Kind::keyNotFound, Path{"outer"}),
+          std::tuple(R"({"outer":[]})", Kind::typeMismatch, Path{"outer"})}) {
         try {
-            decodeJSON(document, [](JSONValue root) {
-                return root.required("outer", [](JSONValue outer) {
-                    return outer.required("inner", &JSONValue::number);
-                });
-            });
-            FAIL() << document << " was read";
+            decodeJSON(document, read);
+            ADD_FAILURE() << document << " was read";
         } catch (const DecodingError& error) {
             EXPECT_EQ(error.kind(), kind);
             EXPECT_EQ(error.codingPath(), path);
         }
-    };
-    expectFault(R"({"outer":{"inner":"x"}})", Kind::typeMismatch, {"outer", "inner"});
-    expectFault(R"({"outer":{}})", Kind::keyNotFound, {"outer"});
-    expectFault(R"({"outer":[]})", Kind::typeMismatch, {"outer"});
+    }
 }
 
 TEST(JSON, TreatsNullAndAbsenceAlikeInOptionalMembers) {

@@ -25,12 +25,6 @@ TEST(SimplifiedChinese, IsInForceFromInstallingToRemoving) {
     EXPECT_EQ(label(AppearanceMode::dark), QStringLiteral("Dark"));
 }
 
-TEST(SimplifiedChinese, IsNotInForceWhereEnglishIsPreferred) {
-    const platform::InstalledTables tables({QStringLiteral("en"), QStringLiteral("zh-Hans")});
-    EXPECT_EQ(tables.language(), QStringLiteral("en"));
-    EXPECT_EQ(label(AppearanceMode::dark), QStringLiteral("Dark"));
-}
-
 TEST(SimplifiedChinese, LeavesNumbersAsTheyAre) {
     const platform::InstalledTables tables({QStringLiteral("zh-Hans")});
     const auto description = [](AlertConditionKind kind, int threshold) {

@@ -18,15 +18,9 @@ using platform::Task;
 
 namespace {
 
-const Symbol unusual{"Ä１", "USDT"};
-
 /// The provider on its network thread, against the simulator.
 class Provider : public testing::Test {
 protected:
-    void push(const QByteArray& symbol, const QByteArray& price) const {
-        simulator_.control("push", R"({"symbol":")" + symbol + R"(","price":")" + price + "\"}");
-    }
-
     /// How the simulator answers requests for candles; the members of a "rest" control.
     void answerCandles(const QByteArray& members) const {
         simulator_.control("rest", R"({"path":"/api/v3/klines",)" + members + "}");
@@ -57,7 +51,7 @@ protected:
 
 TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
     subscribe({btc});
-    push("BTCUSDT", "65000.10");
+    simulator_.control("push", R"({"symbol":"BTCUSDT","price":"65000.10"})");
     ASSERT_TRUE(waitUntil([&] { return quotes_.size() == 1; }));
     EXPECT_EQ(quotes_[0].symbol, btc);
     EXPECT_EQ(quotes_[0].lastPrice, decimal("65000.1"));
@@ -66,20 +60,6 @@ TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
     const auto closed = simulator_.details(QStringLiteral("streamClosed"));
     ASSERT_EQ(closed.size(), 1) << "stop returned before the connection was closed";
     EXPECT_EQ(closed[0][u"code"].toInt(), 1001);
-}
-
-TEST_F(Provider, KnowsPairsOfAnyScriptEverywhere) {
-    push("Ä１USDT", "0.00001234");
-    const auto snapshot = runTask(provider_->snapshot({unusual}));
-    ASSERT_EQ(snapshot.size(), 1u);
-    EXPECT_EQ(snapshot[0].symbol, unusual);
-
-    subscribe({btc});
-    subscribe({unusual});
-    ASSERT_EQ(simulator_.waitForDetails(QStringLiteral("text"), 2).size(), 2);
-    push("Ä１USDT", "1");
-    ASSERT_TRUE(waitUntil([&] { return !quotes_.empty(); }));
-    EXPECT_EQ(quotes_[0].symbol, unusual);
 }
 
 TEST_F(Provider, IsNotCutOffForItsCommands) {
