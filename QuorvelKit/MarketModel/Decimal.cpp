@@ -353,9 +353,19 @@ Decimal Decimal::withoutLastDigits(int count, RoundingMode mode) const {
 }
 
 double Decimal::nearestDouble() const {
-    const std::string text = digitsOf(mantissa_) + 'e' + std::to_string(exponent_);
-    double value = 0; // and stays so where there are no digits
-    std::from_chars(text.data(), text.data() + text.size(), value);
+    constexpr Mantissa firstInexact = Mantissa{1} << 53;
+    constexpr int lastExactPower = 22;
+    const int scale = std::abs(static_cast<int>(exponent_));
+    double value = 0;
+    if (mantissa_ <= firstInexact && scale <= lastExactPower) {
+        // Both numbers are exact in binary, so one division or multiplication rounds correctly.
+        const auto power = static_cast<double>(powerOfTen(scale));
+        value = static_cast<double>(lowHalf(mantissa_));
+        value = exponent_ < 0 ? value / power : value * power;
+    } else {
+        const std::string text = digitsOf(mantissa_) + 'e' + std::to_string(exponent_);
+        std::from_chars(text.data(), text.data() + text.size(), value);
+    }
     return isNegative_ ? -value : value;
 }
 
