@@ -7,8 +7,6 @@
 
 #include <functional>
 #include <optional>
-#include <utility>
-#include <vector>
 
 namespace platform {
 
@@ -28,19 +26,5 @@ struct FailableDecodable {
         }
     }
 };
-
-/// The elements of an array that `decode(JSONValue)` can decode, in order.
-/// @throws DecodingError when the value is not an array
-template <typename T, typename Decode>
-std::vector<T> decodeEachElement(JSONValue array, Decode&& decode) {
-    std::vector<T> elements;
-    const bool isArray = array.forEachElement([&](JSONValue element) {
-        if (auto decoded = FailableDecodable<T>::from(element, decode); decoded.value)
-            elements.push_back(std::move(*decoded.value));
-    });
-    if (!isArray)
-        throw DecodingError(DecodingError::Kind::typeMismatch, "Expected an array.");
-    return elements;
-}
 
 } // namespace platform

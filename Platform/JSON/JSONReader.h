@@ -5,14 +5,11 @@
 
 #include "Platform/JSON/JSONValue.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
 
-#include <concepts>
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string_view>
-#include <utility>
 
 namespace platform {
 
@@ -51,18 +48,11 @@ private:
 /// an object repeats a key, the last one counts. Nesting beyond 512 levels is refused. Documents
 /// may be decoded one inside another.
 template <typename Decode>
-auto decodeJSON(std::string_view bytes, Decode&& decode) {
-    JSONReader reader(bytes);
+auto decodeJSON(QByteArrayView bytes, Decode&& decode) {
+    JSONReader reader({bytes.data(), static_cast<std::size_t>(bytes.size())});
     auto result = std::invoke(decode, reader.root());
     reader.finish();
     return result;
-}
-
-/// The same for bytes as they come from files and sockets.
-template <std::same_as<QByteArray> Bytes, typename Decode>
-auto decodeJSON(const Bytes& bytes, Decode&& decode) {
-    return decodeJSON(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())),
-                      std::forward<Decode>(decode));
 }
 
 } // namespace platform

@@ -3,10 +3,8 @@
 
 #include "Platform/JSON/JSONText.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <limits>
 
 namespace platform::jsontext {
 
@@ -115,50 +113,6 @@ std::optional<Escape> escapeAt(std::string_view text, std::size_t at) {
     }
 }
 
-/// Calls `plain` for each run without escapes and `escaped` for each escape, in order.
-template <typename Plain, typename Escaped>
-bool forEachPiece(std::string_view text, Plain plain, Escaped escaped) {
-    std::size_t at = 0;
-    while (true) {
-        const std::size_t backslash = text.find('\\', at);
-        plain(text.substr(at, backslash - at));
-        if (backslash == std::string_view::npos)
-            return true;
-        const auto escape = escapeAt(text, backslash);
-        if (!escape)
-            return false;
-        escaped(escape->character);
-        at = backslash + escape->length;
-    }
-}
-
-/// value * 10^exponent where that is whole and fits.
-std::optional<std::int64_t> scaled(std::int64_t value, std::int64_t exponent) {
-    if (value == 0)
-        return 0;
-    for (; exponent > 0; --exponent) {
-        if (__builtin_mul_overflow(value, std::int64_t{10}, &value))
-            return std::nullopt;
-    }
-    for (; exponent < 0; ++exponent) {
-        if (value % 10 != 0)
-            return std::nullopt;
-        value /= 10;
-    }
-    return value;
-}
-
-/// A number's exponent, cut off where only its size matters: no 64-bit integer has 100 digits.
-std::int64_t exponentOf(std::string_view text) {
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
-    std::int64_t exponent = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), exponent);
-    if (error == std::errc::result_out_of_range)
-        return text.starts_with('-') ? -100 : 100;
-    return std::clamp<std::int64_t>(exponent, -100, 100);
-}
-
 } // namespace
 
 bool isNumber(std::string_view text) {
@@ -192,38 +146,43 @@ bool isNumber(std::string_view text) {
 std::optional<std::string> unescape(std::string_view text) {
     std::string result;
     result.reserve(text.size());
-    const bool valid = forEachPiece(
-        text, [&result](std::string_view run) { result.append(run); },
-        [&result](char32_t character) { appendUtf8(result, character); });
-    if (!valid)
-        return std::nullopt;
-    return result;
-}
-
-bool hasValidEscapes(std::string_view text) {
-    return forEachPiece(text, [](std::string_view) {}, [](char32_t) {});
+    for (std::size_t at = 0;;) {
+        const std::size_t backslash = text.find('\\', at);
+        result += text.substr(at, backslash - at);
+        if (backslash == std::string_view::npos)
+            return result;
+        const auto escape = escapeAt(text, backslash);
+        if (!escape)
+            return std::nullopt;
+        appendUtf8(result, escape->character);
+        at = backslash + escape->length;
+    }
 }
 
 std::optional<std::int64_t> integer(std::string_view number) {
-    std::int64_t mantissa = 0;
+    std::int64_t value = 0;
     const char* const end = number.data() + number.size();
-    const auto [rest, error] = std::from_chars(number.data(), end, mantissa);
-    if (rest == end && error == std::errc())
-        return mantissa;
-    const std::size_t mark = number.find_first_of("eE");
-    if (number.contains('.') || mark == std::string_view::npos)
+    const auto mantissa = std::from_chars(number.data(), end, value);
+    if (mantissa.ec != std::errc())
         return std::nullopt;
-    // Zeros at the end of the mantissa belong to the exponent, so that they never count as digits.
-    std::string_view digits = number.substr(0, mark);
-    std::int64_t exponent = exponentOf(number.substr(mark + 1));
-    while (digits.size() > 1 && digits.ends_with('0') && digits != "-0") {
-        digits.remove_suffix(1);
-        ++exponent;
+    if (mantissa.ptr == end || (value == 0 && *mantissa.ptr != '.'))
+        return value;
+    // What stops the digits is a point, or an "e" with a sign or none.
+    const char* const sign = mantissa.ptr + 1;
+    std::int64_t exponent = 0;
+    const auto [rest, error] = std::from_chars(*sign == '+' ? sign + 1 : sign, end, exponent);
+    if (*mantissa.ptr == '.' || error != std::errc())
+        return std::nullopt;
+    for (; exponent > 0; --exponent) {
+        if (__builtin_mul_overflow(value, std::int64_t{10}, &value))
+            return std::nullopt;
     }
-    const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), mantissa);
-    if (parsed.ec != std::errc())
-        return std::nullopt;
-    return scaled(mantissa, exponent);
+    for (; exponent < 0; ++exponent) {
+        if (value % 10 != 0)
+            return std::nullopt;
+        value /= 10;
+    }
+    return value;
 }
 
 std::optional<double> nearestDouble(std::string_view number) {

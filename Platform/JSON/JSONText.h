@@ -18,9 +18,6 @@ bool isNumber(std::string_view text);
 /// one half of a surrogate pair without the other.
 std::optional<std::string> unescape(std::string_view text);
 
-/// Whether `unescape` would give a value.
-bool hasValidEscapes(std::string_view text);
-
 /// The value of a number that is written without a fraction and is whole: `12`, `12e2`, `1200e-2`,
 /// but not `12.0`. Absent for any other number and for one beyond 64 bits.
 std::optional<std::int64_t> integer(std::string_view number);

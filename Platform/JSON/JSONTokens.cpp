@@ -6,7 +6,7 @@
 #include "Platform/JSON/DecodingError.h"
 #include "Platform/JSON/JSONText.h"
 
-#include <array>
+#include <bitset>
 #include <cstring>
 #include <utility>
 
@@ -18,26 +18,12 @@ bool isSpace(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
 
-/// The kinds of the containers that are open while a value is stepped over, one bit each.
-class OpenContainers {
-public:
-    bool isEmpty() const { return count_ == 0; }
-    int count() const { return count_; }
-    void push(bool isObject) {
-        const auto bit = std::uint64_t{1} << (count_ % 64);
-        auto& word = words_[static_cast<std::size_t>(count_ / 64)];
-        word = isObject ? word | bit : word & ~bit;
-        ++count_;
-    }
-    bool topIsObject() const {
-        const int top = count_ - 1;
-        return (words_[static_cast<std::size_t>(top / 64)] >> (top % 64) & 1) != 0;
-    }
-    void pop() { --count_; }
+/// The kinds of the containers that are open while a value is stepped over.
+struct OpenContainers {
+    std::bitset<JSONTokens::depthLimit> areObjects;
+    std::size_t count = 0;
 
-private:
-    int count_ = 0;
-    std::array<std::uint64_t, JSONTokens::depthLimit / 64 + 1> words_{};
+    bool topIsObject() const { return areObjects[count - 1]; }
 };
 
 } // namespace
@@ -66,17 +52,23 @@ std::string_view JSONTokens::text(Position token) const {
     return {bytes_ + begin, end - begin};
 }
 
-std::string_view JSONTokens::unusualString(Position token) {
+std::string_view JSONTokens::written(Position token) const {
     const std::string_view quoted = text(token);
     if (quoted.size() < 2 || quoted.back() != '"')
         fail("A string does not end.");
-    const std::string_view content = quoted.substr(1, quoted.size() - 2);
-    if (!hasEscapes_ || !content.contains('\\'))
-        return content;
-    auto unescaped = jsontext::unescape(content);
-    if (!unescaped)
+    return quoted.substr(1, quoted.size() - 2);
+}
+
+std::string JSONTokens::unescaped(std::string_view written) {
+    auto result = jsontext::unescape(written);
+    if (!result)
         fail("A string holds an invalid escape.");
-    return unescaped_.emplace_front(std::move(*unescaped));
+    return std::move(*result);
+}
+
+std::string_view JSONTokens::unusualString(Position token) {
+    const std::string_view content = written(token);
+    return content.contains('\\') ? unescaped_.emplace_front(unescaped(content)) : content;
 }
 
 std::string_view JSONTokens::number(Position token) const {
@@ -111,28 +103,28 @@ JSONTokens::Position JSONTokens::endOfContainer(Position opening, int depth) con
             at = afterValue(open, at + 1);
             continue;
         }
-        if (depth + open.count() >= depthLimit)
+        if (static_cast<std::size_t>(depth) + open.count >= depthLimit)
             fail("The document nests too deeply.");
         const bool isObject = c == '{';
-        open.push(isObject);
+        open.areObjects[open.count++] = isObject;
         ++at;
         if (initial(at) == (isObject ? '}' : ']'))
             at = afterValue(open, at);
         else if (isObject)
             at = afterKey(at);
-    } while (!open.isEmpty());
+    } while (open.count > 0);
     return at;
 }
 
 template <typename Containers>
 JSONTokens::Position JSONTokens::afterValue(Containers& open, Position at) const {
-    while (!open.isEmpty()) {
+    while (open.count > 0) {
         const char c = initial(at);
         if (c == ',')
             return open.topIsObject() ? afterKey(at + 1) : at + 1;
         if (c != (open.topIsObject() ? '}' : ']'))
             fail("A value is followed by neither a comma nor the end of what holds it.");
-        open.pop();
+        --open.count;
         ++at;
     }
     return at;
@@ -155,21 +147,15 @@ void JSONTokens::checkScalar(Position token) const {
         number(token);
         return;
     }
-    const bool isName = (c == 't' && isLiteral(token, "true")) ||
-                        (c == 'f' && isLiteral(token, "false")) ||
-                        (c == 'n' && isLiteral(token, "null"));
-    if (!isName)
+    if (!isLiteral(token, "true") && !isLiteral(token, "false") && !isLiteral(token, "null"))
         fail("A value is missing or malformed.");
 }
 
 void JSONTokens::checkString(Position token) const {
     if (isPlainString(token))
         return;
-    const std::string_view quoted = text(token);
-    if (quoted.size() < 2 || quoted.back() != '"')
-        fail("A string does not end.");
-    if (hasEscapes_ && !jsontext::hasValidEscapes(quoted.substr(1, quoted.size() - 2)))
-        fail("A string holds an invalid escape.");
+    if (const auto content = written(token); content.contains('\\'))
+        unescaped(content);
 }
 
 } // namespace platform

@@ -59,7 +59,9 @@ public:
     std::string_view number(Position token) const;
 
     /// Whether the token is exactly this literal name.
-    bool isLiteral(Position token, std::string_view name) const { return text(token) == name; }
+    bool isLiteral(Position token, std::string_view name) const {
+        return initial(token) == name.front() && text(token) == name;
+    }
 
     Container enter(Position opening, int depth) const;
 
@@ -74,6 +76,9 @@ private:
     bool isPlainString(Position token) const {
         return !hasEscapes_ && bytes_[*(token + 1) - 1] == '"' && *(token + 1) - *token >= 2;
     }
+    /// What stands between a string's quotes.
+    std::string_view written(Position token) const;
+    static std::string unescaped(std::string_view written);
     std::string_view unusualString(Position token);
     Position endOf(Position value, int depth) const;
     Position endOfUnusual(Position value, int depth) const;

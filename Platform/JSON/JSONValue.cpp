@@ -31,43 +31,23 @@ std::optional<double> JSONValue::asDouble() const {
     return jsontext::nearestDouble(tokens_->number(token_));
 }
 
-std::optional<std::string_view> JSONValue::asDigits() const {
-    if (!isNumber())
-        return std::nullopt;
-    return tokens_->number(token_);
-}
-
-std::optional<bool> JSONValue::asBool() const {
-    const char c = tokens_->initial(token_);
-    if (c == 't' && tokens_->isLiteral(token_, "true"))
-        return true;
-    if (c == 'f' && tokens_->isLiteral(token_, "false"))
-        return false;
-    return std::nullopt;
-}
-
-bool JSONValue::isNull() const {
-    return tokens_->initial(token_) == 'n' && tokens_->isLiteral(token_, "null");
-}
-
 std::string_view JSONValue::string() const {
     return orMismatch(asString(), "a string");
-}
-
-std::int64_t JSONValue::integer() const {
-    return orMismatch(asInteger(), "a whole number of at most 64 bits");
 }
 
 double JSONValue::number() const {
     return orMismatch(asDouble(), "a number within a double's range");
 }
 
-std::string_view JSONValue::digits() const {
-    return orMismatch(asDigits(), "a number");
+bool JSONValue::boolean() const {
+    const bool isTrue = is("true");
+    return orMismatch(isTrue || is("false") ? std::optional(isTrue) : std::nullopt,
+                      "true or false");
 }
 
-bool JSONValue::boolean() const {
-    return orMismatch(asBool(), "true or false");
+std::string_view JSONValue::digits() const {
+    return orMismatch(isNumber() ? std::optional(tokens_->number(token_)) : std::nullopt,
+                      "a number");
 }
 
 std::optional<JSONValue> JSONValue::member(std::string_view key) const {

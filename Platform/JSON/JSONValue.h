@@ -41,19 +41,15 @@ public:
     /// The double nearest to a number; absent where the number overflows or underflows.
     std::optional<double> asDouble() const;
 
-    /// A number as the document writes it, in JSON's grammar.
-    std::optional<std::string_view> asDigits() const;
-
-    std::optional<bool> asBool() const;
-    bool isNull() const;
     bool isObject() const { return tokens_->initial(token_) == '{'; }
     bool isArray() const { return tokens_->initial(token_) == '['; }
 
     std::string_view string() const;
-    std::int64_t integer() const;
     double number() const;
-    std::string_view digits() const;
     bool boolean() const;
+
+    /// A number as the document writes it, in JSON's grammar.
+    std::string_view digits() const;
 
     /// Calls `visit(std::string_view key, JSONValue value)` for each member in the document's
     /// order, duplicate keys included. What the visitor leaves unread is checked all the same.
@@ -84,7 +80,7 @@ public:
     /// Walks the whole object: for small ones. Throws for a value that is not an object.
     std::optional<JSONValue> member(std::string_view key) const;
 
-    /// What `decode(JSONValue)`, or a getter such as `&JSONValue::integer`, makes of the member
+    /// What `decode(JSONValue)`, or a getter such as `&JSONValue::number`, makes of the member
     /// with that key. Throws when there is none; errors that leave `decode` get the key in front of
     /// their coding path.
     template <typename Decode>
@@ -97,7 +93,7 @@ public:
     auto optional(std::string_view key, Decode&& decode) const
         -> std::optional<std::invoke_result_t<Decode&, JSONValue>> {
         const auto found = member(key);
-        if (!found || found->isNull())
+        if (!found || found->is("null"))
             return std::nullopt;
         return decodeAt(key, *found, std::forward<Decode>(decode));
     }
@@ -114,6 +110,7 @@ private:
     }
 
     JSONValue requiredMember(std::string_view key) const;
+    bool is(std::string_view literal) const { return tokens_->isLiteral(token_, literal); }
     bool isNumber() const {
         const char c = tokens_->initial(token_);
         return c == '-' || (c >= '0' && c <= '9');

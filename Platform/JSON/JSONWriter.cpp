@@ -18,42 +18,16 @@ namespace platform {
 
 namespace {
 
-/// The letter behind the backslash where JSON has a short escape; NUL where it has none.
-char shortEscape(char c) {
-    switch (c) {
-    case '"':
-    case '\\':
-        return c;
-    case '\b':
-        return 'b';
-    case '\f':
-        return 'f';
-    case '\n':
-        return 'n';
-    case '\r':
-        return 'r';
-    case '\t':
-        return 't';
-    default:
-        return '\0';
-    }
-}
-
-bool needsEscape(char c) {
-    return c == '"' || c == '\\' || static_cast<unsigned char>(c) < 0x20;
-}
-
-void appendEscape(std::string& out, char c) {
-    if (const char letter = shortEscape(c)) {
-        out += '\\';
-        out += letter;
+void append(std::string& out, char c) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code < 0x20) {
+        constexpr std::string_view hexDigits = "0123456789abcdef";
+        out += {'\\', 'u', '0', '0', hexDigits[code >> 4], hexDigits[code & 15]};
         return;
     }
-    constexpr std::string_view hexDigits = "0123456789abcdef";
-    const auto code = static_cast<unsigned char>(c);
-    out += "\\u00";
-    out += hexDigits[code >> 4];
-    out += hexDigits[code & 15];
+    if (c == '"' || c == '\\')
+        out += '\\';
+    out += c;
 }
 
 } // namespace
@@ -92,14 +66,6 @@ JSONWriter& JSONWriter::digits(std::string_view digits) {
     return raw(digits);
 }
 
-JSONWriter& JSONWriter::boolean(bool value) {
-    return raw(value ? "true" : "false");
-}
-
-JSONWriter& JSONWriter::null() {
-    return raw("null");
-}
-
 JSONWriter& JSONWriter::open(char bracket) {
     separate();
     text_ += bracket;
@@ -130,12 +96,8 @@ void JSONWriter::quote(std::string_view text) {
     if (!utf8.isValidUtf8())
         return quote(QString::fromUtf8(text.data(), utf8.size()).toStdString());
     text_ += '"';
-    for (const char c : text) {
-        if (needsEscape(c))
-            appendEscape(text_, c);
-        else
-            text_ += c;
-    }
+    for (const char c : text)
+        append(text_, c);
     text_ += '"';
 }
 

@@ -33,8 +33,7 @@ public:
 
     /// A number as given; `digits` must be in JSON's grammar of numbers.
     JSONWriter& digits(std::string_view digits);
-    JSONWriter& boolean(bool value);
-    JSONWriter& null();
+    JSONWriter& boolean(bool value) { return raw(value ? "true" : "false"); }
 
     /// The document so far.
     const std::string& text() const { return text_; }

@@ -27,11 +27,15 @@ template <typename T, typename Decode>
 StoredArray<T> decodeStoredArray(const QByteArray& data, Decode&& decode) {
     try {
         return decodeJSON(data, [&decode](JSONValue root) {
-            std::size_t count = 0;
-            root.forEachElement([&count](JSONValue) { ++count; });
-            auto elements = decodeEachElement<T>(root, decode);
-            const bool isComplete = elements.size() == count;
-            return StoredArray<T>{std::move(elements), isComplete};
+            StoredArray<T> stored{{}, true};
+            const bool isArray = root.forEachElement([&](JSONValue element) {
+                if (auto decoded = FailableDecodable<T>::from(element, decode); decoded.value)
+                    stored.elements.push_back(std::move(*decoded.value));
+                else
+                    stored.isComplete = false;
+            });
+            stored.isComplete = stored.isComplete && isArray;
+            return stored;
         });
     } catch (const DecodingError&) {
         return {{}, false};

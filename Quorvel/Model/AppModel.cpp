@@ -191,7 +191,7 @@ void AppModel::handleQuote(const Quote& quote) {
 
 Task<> AppModel::deliverNotifications(QUuid id, std::vector<AlertRule> fired, Quote quote) {
     for (const AlertRule& rule : fired)
-        co_await notifications_.notify(rule, quote);
+        co_await notifications_.notify(rule, quote, watchlist_.symbols());
     pendingNotifications_.erase(id);
 }
 

@@ -29,7 +29,9 @@ using platform::StatusItem;
 namespace {
 
 std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment& environment) {
-    const auto endpoints = ExchangeEndpoints::fromDefaults(environment.defaults);
+    const auto endpoints = ExchangeEndpoints::fromDefaults(
+        environment.defaults,
+        {BinanceProvider::defaultRESTURL(), BinanceProvider::defaultStreamURL()});
     return BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream);
 }
 

@@ -3,9 +3,6 @@
 
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 
-#include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
-#include "QuorvelKit/MarketData/Binance/SubscriptionCommand.h"
-
 #include <QHostAddress>
 
 namespace quorvel {
@@ -28,11 +25,11 @@ QUrl usable(const platform::UserDefaults& defaults, const QString& key, const QS
 
 } // namespace
 
-ExchangeEndpoints ExchangeEndpoints::fromDefaults(const platform::UserDefaults& defaults) {
-    return {usable(defaults, QStringLiteral("exchange.restURL"), QStringLiteral("http"),
-                   BinanceProvider::defaultRESTURL()),
-            usable(defaults, QStringLiteral("exchange.streamURL"), QStringLiteral("ws"),
-                   QUrl(SubscriptionCommand::host()))};
+ExchangeEndpoints ExchangeEndpoints::fromDefaults(const platform::UserDefaults& defaults,
+                                                  const ExchangeEndpoints& own) {
+    return {
+        usable(defaults, QStringLiteral("exchange.restURL"), QStringLiteral("http"), own.rest),
+        usable(defaults, QStringLiteral("exchange.streamURL"), QStringLiteral("ws"), own.stream)};
 }
 
 } // namespace quorvel

@@ -12,12 +12,14 @@ namespace quorvel {
 /// Where the exchange is found: its own addresses, or what the preferences name instead.
 struct ExchangeEndpoints {
     QUrl rest;   ///< base of the REST interface
-    QUrl stream; ///< the combined stream, without a query
+    QUrl stream; ///< the stream of prices, without a query
 
     /// Reads `exchange.restURL` and `exchange.streamURL`. Each counts where it is an address with a
     /// host and an encrypted scheme (https; wss), or an unencrypted one (http; ws) of this machine;
-    /// anything else falls back to the exchange's own.
-    static ExchangeEndpoints fromDefaults(const platform::UserDefaults& defaults);
+    /// in place of anything else there is that of `own`.
+    /// @param own where the exchange itself says that it is
+    static ExchangeEndpoints fromDefaults(const platform::UserDefaults& defaults,
+                                          const ExchangeEndpoints& own);
 };
 
 } // namespace quorvel

@@ -4,6 +4,7 @@
 #include "QuorvelKit/Alerts/AlertRule.h"
 
 #include "Platform/Foundation/StringTable.h"
+#include "QuorvelKit/MarketModel/DisplayName.h"
 #include "QuorvelKit/MarketModel/PriceFormatter.h"
 
 #include <algorithm>
@@ -113,6 +114,10 @@ QString AlertRule::Condition::description() const {
         return platform::localized("QuorvelKit", "Loss exceeds %1").arg(number);
     }
     return platform::localized("QuorvelKit", "Rises above %1").arg(number);
+}
+
+QString AlertRule::title(std::span<const Symbol> inSight) const {
+    return displayName(symbol, inSight) + u' ' + condition.description();
 }
 
 AlertRule::Condition AlertRule::Condition::decode(JSONValue value) {

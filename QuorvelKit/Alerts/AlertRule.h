@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <span>
 
 namespace quorvel {
 
@@ -80,6 +81,10 @@ struct AlertRule {
     bool isEnabled; ///< a rule that is not never fires
     /// When the rule last fired; absent where it never did, or was armed anew.
     std::optional<platform::Date> lastTriggeredAt;
+
+    /// What the rule says of which pair, such as "BTC Rises above 65,000.00".
+    /// @param inSight the pairs that this one must be told apart from, as for `displayName`
+    QString title(std::span<const Symbol> inSight) const;
 
     /// Reads a rule as files hold it. Unknown keys are ignored; only `lastTriggeredAt` may be
     /// missing.

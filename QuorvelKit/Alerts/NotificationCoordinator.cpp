@@ -21,12 +21,11 @@ Task<> NotificationCoordinator::requestAuthorizationIfNeeded() {
     setAuthorized(co_await delivering_->requestAuthorization());
 }
 
-Task<> NotificationCoordinator::notify(AlertRule rule, Quote quote) {
+Task<> NotificationCoordinator::notify(AlertRule rule, Quote quote, std::vector<Symbol> inSight) {
     co_await requestAuthorizationIfNeeded();
     if (!isAuthorized_)
         co_return;
-    QString title =
-        QString::fromStdString(rule.symbol.base) + QLatin1Char(' ') + rule.condition.description();
+    QString title = rule.title(inSight);
     QString body = platform::localized("QuorvelKit", "Now %1  %2")
                        .arg(PriceFormatter::price(quote.lastPrice),
                             PriceFormatter::changePercent(quote.changePercent24h));

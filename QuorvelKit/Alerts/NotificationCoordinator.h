@@ -12,6 +12,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace quorvel {
 
@@ -39,8 +40,9 @@ public:
 
     /// Delivers the notification of a rule that fired, once permission is there; without it,
     /// nothing. A failure goes to `lastDeliveryError`; it is not tried again.
-    /// @param quote the one that made the rule fire
-    platform::Task<> notify(AlertRule rule, Quote quote);
+    /// @param quote   the one that made the rule fire
+    /// @param inSight the pairs that the rule's must be told apart from
+    platform::Task<> notify(AlertRule rule, Quote quote, std::vector<Symbol> inSight = {});
 
 Q_SIGNALS:
     void isAuthorizedChanged();

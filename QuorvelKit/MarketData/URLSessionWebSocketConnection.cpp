@@ -15,7 +15,7 @@ using platform::URLSessionWebSocketTask;
 Task<> URLSessionWebSocketConnection::connect(QUrl url) {
     co_await close();
     task_ = session_.webSocketTask(url);
-    task_->setSendInterval(frameInterval);
+    task_->setSendInterval(sendInterval_);
     task_->resume();
 }
 

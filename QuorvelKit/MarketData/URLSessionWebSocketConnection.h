@@ -6,19 +6,18 @@
 #include "Platform/Network/URLSession.h"
 #include "QuorvelKit/MarketData/WebSocketConnection.h"
 
+#include <chrono>
+#include <memory>
+
 namespace quorvel {
 
 /// The connection over the platform's URL session, which must outlive it.
-///
-/// Spaces what it sends: the exchange cuts off whoever sends more than five messages a second, the
-/// answers to its own pings included.
 class URLSessionWebSocketConnection final : public WebSocketConnection {
 public:
-    /// At most three frames in any second, which leaves room for pongs and for frames that a slow
-    /// network delivers together.
-    static constexpr std::chrono::milliseconds frameInterval{350};
-
-    explicit URLSessionWebSocketConnection(platform::URLSession& session) : session_(session) {}
+    /// @param sendInterval kept at least between two frames sent; those in between wait their turn
+    explicit URLSessionWebSocketConnection(platform::URLSession& session,
+                                           std::chrono::milliseconds sendInterval = {})
+        : session_(session), sendInterval_(sendInterval) {}
 
     platform::Task<> connect(QUrl url) override;
     platform::Task<> send(std::string text) override;
@@ -29,6 +28,7 @@ private:
     std::shared_ptr<platform::URLSessionWebSocketTask> openTask() const;
 
     platform::URLSession& session_;
+    std::chrono::milliseconds sendInterval_;
     std::shared_ptr<platform::URLSessionWebSocketTask> task_;
 };
 

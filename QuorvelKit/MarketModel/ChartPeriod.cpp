@@ -12,12 +12,4 @@ QString label(ChartPeriod period) {
                                       : platform::localized("QuorvelKit", "7 days");
 }
 
-std::string_view interval(ChartPeriod period) {
-    return period == ChartPeriod::day ? "1h" : "4h";
-}
-
-int limit(ChartPeriod period) {
-    return period == ChartPeriod::day ? 24 : 42;
-}
-
 } // namespace quorvel

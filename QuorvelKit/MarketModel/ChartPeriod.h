@@ -23,10 +23,4 @@ inline constexpr auto rawValues<ChartPeriod> = std::to_array<std::string_view>({
 /// The period's name in the interface language.
 QString label(ChartPeriod period);
 
-/// The length of one candle, as the exchange writes it.
-std::string_view interval(ChartPeriod period);
-
-/// How many candles cover the period.
-int limit(ChartPeriod period);
-
 } // namespace quorvel

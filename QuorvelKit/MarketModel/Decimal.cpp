@@ -275,12 +275,6 @@ Decimal Decimal::magnitude() const {
     return result;
 }
 
-Decimal Decimal::operator-() const {
-    Decimal result = *this;
-    result.isNegative_ = !isNegative_ && !isZero();
-    return result;
-}
-
 Decimal operator-(const Decimal& left, const Decimal& right) {
     if (left.isNegative_ != right.isNegative_)
         return Decimal::combined(left, right, 1,
@@ -302,7 +296,7 @@ Decimal Decimal::combined(const Decimal& first, const Decimal& second, int sign,
         const Mantissa large = first.mantissa_ * powerOfTen(first.exponent_ - bottom);
         const Mantissa small = second.mantissa_ * powerOfTen(second.exponent_ - bottom);
         return Decimal(sign > 0 ? large + small : large - small, bottom, isNegative)
-            .roundedToSignificantDigits(maximumDigits, RoundingMode::halfToEven);
+            .roundedToSignificantDigits(maximumDigits);
     }
     // Too far apart for 128 bits: digit by digit, with room for a carry.
     const std::string row =
@@ -343,8 +337,8 @@ Decimal Decimal::rounded(int decimals, RoundingMode mode) const {
     return withoutLastDigits(-exponent_ - decimals, mode);
 }
 
-Decimal Decimal::roundedToSignificantDigits(int digits, RoundingMode mode) const {
-    return withoutLastDigits(digitCount() - digits, mode);
+Decimal Decimal::roundedToSignificantDigits(int digits) const {
+    return withoutLastDigits(digitCount() - digits, RoundingMode::halfToEven);
 }
 
 Decimal Decimal::withoutLastDigits(int count, RoundingMode mode) const {
@@ -358,16 +352,14 @@ Decimal Decimal::withoutLastDigits(int count, RoundingMode mode) const {
     return Decimal(kept + (up ? 1 : 0), exponent_ + count, isNegative_);
 }
 
-double Decimal::toDouble() const {
-    // Both numbers are exact in binary here, so one division or multiplication rounds correctly.
-    constexpr std::array exactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+double Decimal::nearestDouble() const {
     constexpr Mantissa firstInexact = Mantissa{1} << 53;
+    constexpr int lastExactPower = 22;
     const int scale = std::abs(static_cast<int>(exponent_));
     double value = 0;
-    if (mantissa_ <= firstInexact && scale < std::ssize(exactPowers)) {
-        const double power = exactPowers[static_cast<std::size_t>(scale)];
+    if (mantissa_ <= firstInexact && scale <= lastExactPower) {
+        // Both numbers are exact in binary, so one division or multiplication rounds correctly.
+        const auto power = static_cast<double>(powerOfTen(scale));
         value = static_cast<double>(lowHalf(mantissa_));
         value = exponent_ < 0 ? value / power : value * power;
     } else {
@@ -378,7 +370,7 @@ double Decimal::toDouble() const {
 }
 
 double Decimal::quotient(const Decimal& dividend, const Decimal& divisor) {
-    return dividend.toDouble() / divisor.toDouble();
+    return dividend.nearestDouble() / divisor.nearestDouble();
 }
 
 std::string Decimal::plainText(int decimals) const {
@@ -392,15 +384,6 @@ std::string Decimal::plainText(int decimals) const {
     if (isNegative_)
         text.insert(0, 1, '-');
     return text;
-}
-
-std::size_t Decimal::hash() const {
-    constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15; // 2^64 over the golden ratio
-    std::uint64_t mixed = lowHalf(mantissa_) * multiplier;
-    mixed = (mixed ^ (mixed >> 32) ^ highHalf(mantissa_)) * multiplier;
-    mixed ^= static_cast<std::uint64_t>(exponent_) << 1 | static_cast<std::uint64_t>(isNegative_);
-    mixed *= multiplier;
-    return mixed ^ (mixed >> 32);
 }
 
 } // namespace quorvel

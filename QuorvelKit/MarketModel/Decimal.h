@@ -49,7 +49,6 @@ public:
     bool isNegative() const { return isNegative_; }
 
     Decimal magnitude() const;
-    Decimal operator-() const;
 
     /// The difference, rounded half to even to 38 digits.
     friend Decimal operator-(const Decimal& left, const Decimal& right);
@@ -61,11 +60,9 @@ public:
     /// The value with at most `decimals` digits after the point; `decimals` is not negative.
     Decimal rounded(int decimals, RoundingMode mode) const;
 
-    /// The value with at most `digits` significant digits; `digits` is at least 1.
-    Decimal roundedToSignificantDigits(int digits, RoundingMode mode) const;
-
-    /// The nearest double.
-    double toDouble() const;
+    /// The value with at most `digits` significant digits, rounded half to even; `digits` is at
+    /// least 1.
+    Decimal roundedToSignificantDigits(int digits) const;
 
     /// The quotient of the nearest doubles, good to about 16 digits. A divisor of zero gives what
     /// binary floating point gives: an infinity, or not-a-number for zero by zero.
@@ -75,7 +72,7 @@ public:
     /// @param decimals at least so many digits after the point, filled up with zeros
     std::string plainText(int decimals = 0) const;
 
-    std::size_t hash() const;
+    std::size_t hash() const { return std::hash<double>()(nearestDouble()); }
 
 private:
     Decimal(Mantissa mantissa, int exponent, bool isNegative);
@@ -89,6 +86,7 @@ private:
     /// The place in front of the first digit, as a power of ten: 3 for 123.4. Not for zero.
     int adjustedExponent() const { return digitCount() + exponent_; }
     Decimal withoutLastDigits(int count, RoundingMode mode) const;
+    double nearestDouble() const;
 
     Mantissa mantissa_ = 0;
     std::int16_t exponent_ = 0;
@@ -96,8 +94,3 @@ private:
 };
 
 } // namespace quorvel
-
-template <>
-struct std::hash<quorvel::Decimal> {
-    std::size_t operator()(const quorvel::Decimal& value) const noexcept { return value.hash(); }
-};

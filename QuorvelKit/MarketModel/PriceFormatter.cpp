@@ -33,8 +33,7 @@ QString PriceFormatter::price(const Decimal& value) {
         return fixed(value, 4);
     if (magnitude.isZero())
         return fixed(value, 2);
-    return QString::fromStdString(
-        value.roundedToSignificantDigits(significantDigits, RoundingMode::halfToEven).plainText());
+    return QString::fromStdString(value.roundedToSignificantDigits(significantDigits).plainText());
 }
 
 QString PriceFormatter::changePercent(const Decimal& value) {

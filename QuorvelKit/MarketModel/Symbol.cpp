@@ -16,8 +16,6 @@ namespace {
 
 using platform::DecodingError;
 
-constexpr std::string_view quoteAsset = "USDT";
-
 std::string stringOf(platform::JSONValue value) {
     return std::string(value.string());
 }
@@ -33,12 +31,18 @@ bool isAssetCode(const std::string& asset) {
 
 } // namespace
 
-std::optional<Symbol> Symbol::fromPairID(std::string_view pairID) {
+std::optional<Symbol> Symbol::fromPairID(std::string_view pairID,
+                                         std::span<const std::string_view> assets) {
     std::string base = platform::uppercased(pairID);
-    if (base.size() <= quoteAsset.size() || !base.ends_with(quoteAsset))
+    std::string_view quote;
+    for (const std::string_view asset : assets) {
+        if (base.size() > asset.size() && base.ends_with(asset) && asset.size() > quote.size())
+            quote = asset;
+    }
+    if (quote.empty())
         return std::nullopt;
-    base.resize(base.size() - quoteAsset.size());
-    return Symbol{std::move(base), std::string(quoteAsset)};
+    base.resize(base.size() - quote.size());
+    return Symbol{std::move(base), std::string(quote)};
 }
 
 bool Symbol::isStorable() const {

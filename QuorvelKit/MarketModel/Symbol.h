@@ -6,11 +6,13 @@
 #include "Platform/JSON/JSONValue.h"
 #include "Platform/JSON/JSONWriter.h"
 
+#include <array>
 #include <compare>
 #include <cstddef>
 #include <functional>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -24,13 +26,18 @@ struct Symbol {
     /// The exchange's identifier of the pair: base and quote without a separator.
     std::string id() const { return base + quote; }
 
+    /// The assets that pairs may be quoted in. Pairs in any other are never asked for nor shown, so
+    /// a further currency is a further text here. Upper case, UTF-8.
+    static constexpr auto quoteAssets = std::to_array<std::string_view>({"USDT"});
+
     /// Whether `decode` reads what `encode` writes of it: the exchange has pairs whose names it
     /// refuses.
     bool isStorable() const;
 
-    /// The pair behind an identifier of the exchange in any letter case; absent unless it is quoted
-    /// in USDT and has a base. The base is not judged.
-    static std::optional<Symbol> fromPairID(std::string_view pairID);
+    /// The pair behind an identifier of the exchange in any letter case; absent unless it ends in
+    /// one of the assets, the longest that fits counting, and has a base. The base is not judged.
+    static std::optional<Symbol> fromPairID(std::string_view pairID,
+                                            std::span<const std::string_view> assets = quoteAssets);
 
     /// Reads `{"base":...,"quote":...}`.
     /// @throws platform::DecodingError for a missing or mistyped key, and (dataCorrupted) unless

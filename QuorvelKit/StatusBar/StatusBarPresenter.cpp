@@ -3,6 +3,7 @@
 
 #include "QuorvelKit/StatusBar/StatusBarPresenter.h"
 
+#include "QuorvelKit/MarketModel/DisplayName.h"
 #include "QuorvelKit/MarketModel/PriceFormatter.h"
 
 #include <algorithm>
@@ -53,14 +54,14 @@ QString textOf(const Quote& quote, StatusBarContent content) {
            PriceFormatter::changePercent(quote.changePercent24h);
 }
 
-StatusBarSegment segmentOf(const Symbol& symbol, const StatusBarPresenter::Quotes& quotes,
-                           StatusBarContent content) {
-    const QString base = QString::fromStdString(symbol.base);
+StatusBarSegment segmentOf(const Symbol& symbol, std::span<const Symbol> watchlist,
+                           const StatusBarPresenter::Quotes& quotes, StatusBarContent content) {
+    const QString name = displayName(symbol, watchlist);
     const auto found = quotes.find(symbol);
     if (found == quotes.end())
-        return {base, PriceDirection::flat};
+        return {name, PriceDirection::flat};
     const Quote& quote = found->second;
-    return {base + QLatin1Char(' ') + textOf(quote, content),
+    return {name + QLatin1Char(' ') + textOf(quote, content),
             StatusBarPresenter::direction(quote.changePercent24h)};
 }
 
@@ -76,22 +77,17 @@ std::vector<StatusBarSegment> StatusBarPresenter::segments(const std::vector<Sym
         return segments;
     const std::vector<Symbol> shown = shownSymbols(symbols, pinned);
     for (const Symbol& symbol : selection(shown, settings, rotationIndex))
-        segments.push_back(segmentOf(symbol, quotes, settings.content));
+        segments.push_back(segmentOf(symbol, symbols, quotes, settings.content));
     return segments;
 }
 
 std::optional<QString>
 StatusBarPresenter::text(const std::vector<Symbol>& symbols, const std::vector<Symbol>& pinned,
                          const Quotes& quotes, const DisplaySettings& settings, int rotationIndex) {
-    const auto all = segments(symbols, pinned, quotes, settings, rotationIndex);
-    if (all.empty())
-        return std::nullopt;
-    QString joined = all.front().text;
-    for (const StatusBarSegment& segment : std::span(all).subspan(1)) {
-        joined += sideBySideSeparator;
-        joined += segment.text;
-    }
-    return joined;
+    QStringList texts;
+    for (const auto& segment : segments(symbols, pinned, quotes, settings, rotationIndex))
+        texts += segment.text;
+    return texts.isEmpty() ? std::nullopt : std::optional(texts.join(sideBySideSeparator));
 }
 
 int StatusBarPresenter::rotationItemCount(const std::vector<Symbol>& symbols,

@@ -23,7 +23,8 @@ namespace quorvel {
 /// functions, for any thread.
 ///
 /// The pairs shown are those of the watchlist that are pinned, or the whole watchlist when none of
-/// them is, always in the watchlist's order. Of `pinned` only the membership matters.
+/// them is, always in the watchlist's order. Of `pinned` only the membership matters. A pair has
+/// the name that `displayName` gives it among the watchlist's, whether or not the others are shown.
 struct StatusBarPresenter {
     using Quotes = std::unordered_map<Symbol, Quote>;
 

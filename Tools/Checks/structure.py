@@ -45,8 +45,8 @@ ALLOWED = {
     "Quorvel/Model": ["platform", "kit"],
     "Quorvel/Panel": ["platform", "kit", "Quorvel/Model"],
     "Quorvel/Settings": ["platform", "kit", "Quorvel/Model"],
-    "Quorvel/Shell": ["platform", "kit", "QuorvelKit/MarketData/Binance", "Quorvel/Model",
-                      "Quorvel/Panel", "Quorvel/Settings"],
+    "Quorvel/Shell": ["platform", "kit", "exchanges", "Quorvel/Model", "Quorvel/Panel",
+                      "Quorvel/Settings"],
 }
 
 # Several folders under one word. The kit sees what has no screen; only what composes the program
@@ -56,7 +56,8 @@ GROUPS = {
              "Platform/DBus", "Platform/Services"],
     "platform": [folder for folder in ALLOWED if folder.startswith("Platform/")],
     "kit": [folder for folder in ALLOWED if folder.startswith("QuorvelKit/")
-            and folder != "QuorvelKit/MarketData/Binance"],
+            and not folder.startswith("QuorvelKit/MarketData/")],
+    "exchanges": [folder for folder in ALLOWED if folder.startswith("QuorvelKit/MarketData/")],
 }
 
 MODULES = ("Platform", "QuorvelKit", "Quorvel")

@@ -104,8 +104,7 @@ BinanceMessage messageIn(JSONValue root) {
 
 BinanceMessage BinanceMessageDecoder::decode(QByteArrayView frame) const {
     try {
-        return platform::decodeJSON(
-            std::string_view(frame.data(), static_cast<std::size_t>(frame.size())), messageIn);
+        return platform::decodeJSON(frame, messageIn);
     } catch (const platform::DecodingError&) {
         return IgnoredMessage();
     }

@@ -3,7 +3,7 @@
 
 #include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
 
-#include "Platform/Network/URLSession.h"
+#include "QuorvelKit/MarketData/Binance/SubscriptionCommand.h"
 #include "QuorvelKit/MarketData/URLSessionTransport.h"
 #include "QuorvelKit/MarketData/URLSessionWebSocketConnection.h"
 
@@ -13,24 +13,18 @@ namespace quorvel {
 
 using platform::Task;
 
-BinanceProvider::Clients::Clients() = default;
-BinanceProvider::Clients::Clients(Clients&&) noexcept = default;
-
-BinanceProvider::Clients::~Clients() {
-    webSocket.reset();
-    rest.reset();
-    session.reset();
-}
-
 Task<> BinanceProvider::Clients::stop() {
     constexpr platform::TimeInterval longestGoodbye{1.0};
     co_await webSocket->stop();
-    if (session)
-        co_await session->finishClosing(longestGoodbye);
+    co_await session->finishClosing(longestGoodbye);
 }
 
 QUrl BinanceProvider::defaultRESTURL() {
     return QUrl(QStringLiteral("https://api.binance.com"));
+}
+
+QUrl BinanceProvider::defaultStreamURL() {
+    return QUrl(SubscriptionCommand::host());
 }
 
 BinanceProvider::BinanceProvider(std::move_only_function<Clients()> makeClients)
@@ -41,18 +35,18 @@ BinanceProvider::BinanceProvider(std::move_only_function<Clients()> makeClients)
 
 std::unique_ptr<BinanceProvider> BinanceProvider::live(platform::Clock& clock, QUrl restURL,
                                                        QUrl streamURL) {
-    return std::make_unique<BinanceProvider>([&clock, restURL = std::move(restURL),
-                                              streamURL = std::move(streamURL)] {
-        constexpr BackoffPolicy backoff{.baseDelay = 1.0, .maxDelay = 30.0, .jitterFraction = 0.2};
-        Clients clients;
-        clients.session = std::make_unique<platform::URLSession>(clock);
-        clients.rest = std::make_unique<BinanceRESTClient>(
-            std::make_unique<URLSessionTransport>(*clients.session), restURL, clock);
-        clients.webSocket = std::make_unique<BinanceWebSocketClient>(
-            std::make_unique<URLSessionWebSocketConnection>(*clients.session), backoff, clock,
-            BinanceWebSocketClient::systemJitter(), streamURL);
-        return clients;
-    });
+    return std::make_unique<BinanceProvider>(
+        [&clock, restURL = std::move(restURL), streamURL = std::move(streamURL)] {
+            Clients clients;
+            clients.session = std::make_unique<platform::URLSession>(clock);
+            clients.rest = std::make_unique<BinanceRESTClient>(
+                std::make_unique<URLSessionTransport>(*clients.session), restURL, clock);
+            clients.webSocket = std::make_unique<BinanceWebSocketClient>(
+                std::make_unique<URLSessionWebSocketConnection>(*clients.session,
+                                                                SubscriptionCommand::spacing),
+                backoff, clock, BinanceWebSocketClient::systemJitter(), streamURL);
+            return clients;
+        });
 }
 
 Task<std::vector<Quote>> BinanceProvider::snapshot(std::vector<Symbol> symbols) {

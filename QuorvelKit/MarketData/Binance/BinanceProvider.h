@@ -6,16 +6,13 @@
 #include "Platform/Async/Mailbox.h"
 #include "Platform/Async/WorkerThread.h"
 #include "Platform/Foundation/Clock.h"
+#include "Platform/Network/URLSession.h"
 #include "QuorvelKit/MarketData/Binance/BinanceRESTClient.h"
 #include "QuorvelKit/MarketData/Binance/BinanceWebSocketClient.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 
 #include <functional>
 #include <memory>
-
-namespace platform {
-class URLSession;
-}
 
 namespace quorvel {
 
@@ -25,21 +22,24 @@ class BinanceProvider final : public MarketDataProvider {
 public:
     /// What lives on the network thread. Made, used and destroyed there.
     struct Clients {
-        std::unique_ptr<platform::URLSession> session; ///< may be absent in a scripted set
+        std::unique_ptr<platform::URLSession> session; // first, since the others use it to the end
         std::unique_ptr<BinanceRESTClient> rest;
         std::unique_ptr<BinanceWebSocketClient> webSocket;
-
-        Clients();
-        Clients(Clients&&) noexcept;
-        Clients& operator=(Clients&&) = delete;
-        ~Clients();
 
         /// Stops the stream and waits until its connection has said goodbye.
         platform::Task<> stop();
     };
 
+    /// How the stream is taken up again. The exchange bans who connects more than 300 times in five
+    /// minutes.
+    static constexpr BackoffPolicy backoff{
+        .baseDelay = 1.0, .maxDelay = 30.0, .jitterFraction = 0.2};
+
     /// Scheme and host of the exchange's REST interface.
     static QUrl defaultRESTURL();
+
+    /// The exchange's combined stream.
+    static QUrl defaultStreamURL();
 
     /// @param makeClients runs on the network thread
     explicit BinanceProvider(std::move_only_function<Clients()> makeClients);

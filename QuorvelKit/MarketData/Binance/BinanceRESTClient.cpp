@@ -13,8 +13,14 @@ using platform::Task;
 
 namespace {
 
-QString fromView(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+/// The length of one candle of the period, as the exchange writes it.
+QString interval(ChartPeriod period) {
+    return period == ChartPeriod::day ? QStringLiteral("1h") : QStringLiteral("4h");
+}
+
+/// How many candles cover the period.
+int limit(ChartPeriod period) {
+    return period == ChartPeriod::day ? 24 : 42;
 }
 
 /// `["BTCUSDT","ETHUSDT"]`, in the order given.
@@ -68,7 +74,7 @@ Task<std::vector<Symbol>> BinanceRESTClient::availableSymbols() {
 Task<std::vector<Candle>> BinanceRESTClient::candles(Symbol symbol, ChartPeriod period) {
     const QUrl request = url(QStringLiteral("api/v3/klines"),
                              {{QStringLiteral("symbol"), QString::fromStdString(symbol.id())},
-                              {QStringLiteral("interval"), fromView(interval(period))},
+                              {QStringLiteral("interval"), interval(period)},
                               {QStringLiteral("limit"), QString::number(limit(period))}});
     const QByteArray body = co_await transport_->get(request);
     co_return decodeCandles(body);

@@ -15,7 +15,8 @@
 
 namespace quorvel {
 
-/// The exchange's REST interface, as far as we ask it anything. Only pairs quoted in USDT come out.
+/// The exchange's REST interface, as far as we ask it anything. Only pairs quoted in one of
+/// `Symbol::quoteAssets` come out.
 ///
 /// Has no state between calls, retries nothing and caches nothing. Lives on the network thread.
 /// Every call fails with the transport's error, or with `platform::DecodingError` for a body that

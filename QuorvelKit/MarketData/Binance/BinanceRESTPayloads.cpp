@@ -18,10 +18,6 @@ using platform::JSONValue;
 
 namespace {
 
-std::string_view view(QByteArrayView bytes) {
-    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
-}
-
 /// The string members with these keys, all required, in one pass over the object.
 template <std::size_t Count>
 std::array<std::string_view, Count>
@@ -86,7 +82,7 @@ std::optional<Candle> decodeRow(JSONValue row) {
 std::vector<Quote> decodeSnapshot(QByteArrayView body, platform::Date arrival) {
     constexpr auto keys =
         std::to_array<std::string_view>({"symbol", "lastPrice", "priceChangePercent"});
-    return platform::decodeJSON(view(body), [&](JSONValue root) {
+    return platform::decodeJSON(body, [&](JSONValue root) {
         std::vector<Quote> quotes;
         forEachElement(root, [&](JSONValue element) {
             const auto [pairID, lastPrice, changePercent] = requiredStrings(element, keys);
@@ -102,13 +98,13 @@ std::vector<Quote> decodeSnapshot(QByteArrayView body, platform::Date arrival) {
 
 std::vector<Symbol> decodeAvailableSymbols(QByteArrayView body) {
     constexpr auto keys = std::to_array<std::string_view>({"symbol", "status", "quoteAsset"});
-    return platform::decodeJSON(view(body), [&](JSONValue root) {
+    return platform::decodeJSON(body, [&](JSONValue root) {
         std::vector<Symbol> symbols;
         const auto keep = [&](JSONValue entry) {
             const auto [pairID, status, quoteAsset] = requiredStrings(entry, keys);
-            if (status != "TRADING" || quoteAsset != "USDT")
+            if (status != "TRADING")
                 return;
-            if (auto symbol = Symbol::fromPairID(pairID))
+            if (auto symbol = Symbol::fromPairID(pairID); symbol && symbol->quote == quoteAsset)
                 symbols.push_back(std::move(*symbol));
         };
         root.required("symbols", [&](JSONValue entries) {
@@ -120,7 +116,7 @@ std::vector<Symbol> decodeAvailableSymbols(QByteArrayView body) {
 }
 
 std::vector<Candle> decodeCandles(QByteArrayView body) {
-    return platform::decodeJSON(view(body), [](JSONValue root) {
+    return platform::decodeJSON(body, [](JSONValue root) {
         std::vector<Candle> candles;
         forEachElement(root, [&](JSONValue row) {
             if (const auto candle = decodeRow(row))

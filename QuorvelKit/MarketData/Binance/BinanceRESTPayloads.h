@@ -21,7 +21,7 @@ namespace quorvel {
 /// @param arrival becomes the timestamp of each
 std::vector<Quote> decodeSnapshot(QByteArrayView body, platform::Date arrival);
 
-/// The pairs quoted in USDT that an answer of exchange information lists as trading, in its order.
+/// The pairs that an answer of exchange information lists as trading, in its order.
 std::vector<Symbol> decodeAvailableSymbols(QByteArrayView body);
 
 /// The candles in an answer of candle rows, in its order. Times on the wire are milliseconds since

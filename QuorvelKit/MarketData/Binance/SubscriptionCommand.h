@@ -9,6 +9,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,6 +29,11 @@ struct SubscriptionCommand {
 
         friend bool operator==(const Difference&, const Difference&) = default;
     };
+
+    /// The exchange cuts off whoever sends more than five messages a second, answers to its pings
+    /// included. Three commands leave room for those, and for what a slow network delivers
+    /// together.
+    static constexpr std::chrono::milliseconds spacing{350};
 
     /// The exchange's combined-stream endpoint, without a query.
     static QString host();

@@ -3,9 +3,6 @@
 
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 
-#include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
-#include "QuorvelKit/MarketData/Binance/SubscriptionCommand.h"
-
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -24,6 +21,8 @@ struct Judged {
 } // namespace
 
 TEST(ExchangeEndpoints, AreEachTakenOnlyWhereTheyAreSafe) {
+    const ExchangeEndpoints own{QUrl(QStringLiteral("https://own.example")),
+                                QUrl(QStringLiteral("wss://own.example/stream"))};
     const QTemporaryDir directory;
     platform::UserDefaults defaults(directory.filePath(QStringLiteral("Quorvel.conf")));
     const auto write = [&defaults](const char* key, const char* url) {
@@ -46,9 +45,8 @@ TEST(ExchangeEndpoints, AreEachTakenOnlyWhereTheyAreSafe) {
          }) {
         const QUrl restURL = write("exchange.restURL", rest);
         const QUrl streamURL = write("exchange.streamURL", stream);
-        const auto endpoints = ExchangeEndpoints::fromDefaults(defaults);
-        EXPECT_EQ(endpoints.rest, takesRest ? restURL : BinanceProvider::defaultRESTURL()) << rest;
-        EXPECT_EQ(endpoints.stream, takesStream ? streamURL : QUrl(SubscriptionCommand::host()))
-            << stream;
+        const auto endpoints = ExchangeEndpoints::fromDefaults(defaults, own);
+        EXPECT_EQ(endpoints.rest, takesRest ? restURL : own.rest) << rest;
+        EXPECT_EQ(endpoints.stream, takesStream ? streamURL : own.stream) << stream;
     }
 }

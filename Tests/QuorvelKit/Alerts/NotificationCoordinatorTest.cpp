@@ -55,6 +55,19 @@ TEST_F(Coordinator, AsksOncePerRunAndWordsEachNotification) {
     EXPECT_TRUE(coordinator_.isAuthorized());
 }
 
+TEST_F(Coordinator, NamesThePairAsItIsToldApartFromOthersInSight) {
+    const Symbol inEuros{"BTC", "EUR"};
+    const AlertRule rule{.id = QUuid::createUuid(),
+                         .symbol = inEuros,
+                         .condition = {AlertConditionKind::priceRisesAbove, 60000},
+                         .repeatMode = AlertRule::RepeatMode::once(),
+                         .isEnabled = true,
+                         .lastTriggeredAt = std::nullopt};
+    test::runTask(coordinator_.notify(rule, {inEuros, 60001, 0, {}}, {{"BTC", "USDT"}, inEuros}));
+    EXPECT_THAT(delivering_->calls,
+                ElementsAre("ask", "BTCEUR Rises above 60,000.00 | Now 60,001.00  0.00%"));
+}
+
 TEST_F(Coordinator, DropsWhatComesWhileThePermissionIsBeingAskedFor) {
     delivering_->hold();
     test::Running first(notifyOfBitcoin());

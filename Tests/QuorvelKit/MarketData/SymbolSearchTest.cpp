@@ -3,6 +3,8 @@
 
 #include "QuorvelKit/MarketData/SymbolSearch.h"
 
+#include "Tests/Support/Cases.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -25,25 +27,21 @@ const std::vector<Symbol> tradeable = [] {
     return symbols;
 }();
 
-class SymbolSearchTable : public testing::TestWithParam<Search> {};
-
-TEST_P(SymbolSearchTable, FindsTheBestFirst) {
-    std::vector<std::string> bases;
-    for (const Symbol& symbol : SymbolSearch::match(GetParam().query, tradeable, GetParam().limit))
-        bases.push_back(symbol.base);
-    EXPECT_EQ(bases, GetParam().bases);
+TEST(SymbolSearch, FindsTheBestFirst) {
+    for (const auto& [query, limit, expected] :
+         test::cases(Search{u"BTC", 20, {"BTC", "BTCUP", "BTCDOWN", "WBTC"}},
+                     Search{u" \t\u00A0\u3000btc ", 20, {"BTC", "BTCUP", "BTCDOWN", "WBTC"}},
+                     Search{u"\nBTC", 20, {}}, Search{u"", 20, {}}, Search{u" \t", 20, {}},
+                     Search{u"ET", 4, {"ETC", "ETH", "ETHFI", "BETH"}}, Search{u"BTC", 1, {"BTC"}},
+                     Search{u"TTC", 1, {"BTTC"}}, Search{u"BTC", 0, {}}, Search{u"USDT", 20, {}},
+                     // Three bytes a character: length is counted in characters.
+                     Search{u"币安", 20, {"币安", "币安人生", "AB币安"}})) {
+        std::vector<std::string> bases;
+        for (const Symbol& symbol : SymbolSearch::match(query, tradeable, limit))
+            bases.push_back(symbol.base);
+        EXPECT_EQ(bases, expected) << QString::fromUtf16(query).toStdString() << ", " << limit;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    SymbolSearch, SymbolSearchTable,
-    testing::Values(Search{u"BTC", 20, {"BTC", "BTCUP", "BTCDOWN", "WBTC"}},
-                    Search{u" \t\u00A0\u3000btc ", 20, {"BTC", "BTCUP", "BTCDOWN", "WBTC"}},
-                    Search{u"\nBTC", 20, {}}, Search{u"", 20, {}}, Search{u" \t", 20, {}},
-                    Search{u"ET", 20, {"ETC", "ETH", "ETHFI", "BETH", "METIS"}},
-                    Search{u"ET", 4, {"ETC", "ETH", "ETHFI", "BETH"}}, Search{u"BTC", 1, {"BTC"}},
-                    Search{u"TTC", 1, {"BTTC"}}, Search{u"BTC", 0, {}}, Search{u"USDT", 20, {}},
-                    // Three bytes a character: length is counted in characters.
-                    Search{u"币安", 20, {"币安", "币安人生", "AB币安"}}));
 
 TEST(SymbolSearch, KeepsTheOrderOfPairsWithTheSameBase) {
     const std::vector<Symbol> symbols{{"BTC", "USDT"}, {"BTC", "EUR"}, {"BTC", "TRY"}};

@@ -27,12 +27,6 @@ protected:
         return QUrl(simulator_.restURL().toString() + QString::fromLatin1(path));
     }
 
-    /// What is fetched from "/x" when the simulator answers so.
-    QByteArray bodyOf(const QByteArray& answer) {
-        setAnswer(answer);
-        return runTask(transport_.get(url()));
-    }
-
     /// The members of a "rest" control without the path.
     void setAnswer(const QByteArray& members) const {
         simulator_.control("rest", R"({"path":"/x",)" + members + "}");
@@ -50,27 +44,24 @@ protected:
 };
 
 TEST_F(Transport, TakesOnlyThe200sForSuccess) {
-    EXPECT_EQ(bodyOf(R"("status":200,"body":"body")"), QByteArray("body"));
-    EXPECT_EQ(bodyOf(R"("status":299,"body":"body")"), QByteArray("body"));
-    EXPECT_EQ(bodyOf(R"("status":204,"body":"")"), QByteArray());
-    for (const int status : {300, 304, 400, 401, 403, 404, 407, 418, 429, 451, 500, 503, 599}) {
+    for (const int status : {200, 204, 299}) {
+        setAnswer(R"("body":"","status":)" + QByteArray::number(status));
+        EXPECT_EQ(runTask(transport_.get(url())), QByteArray()) << status;
+    }
+    for (const int status : {300, 304, 401, 407, 418, 429, 451, 503}) {
         setAnswer(R"("body":"","status":)" + QByteArray::number(status));
         EXPECT_EQ(errorOf<HTTPTransportError>(transport_.get(url())),
                   HTTPTransportError::requestFailed(status));
     }
 }
 
-TEST_F(Transport, FollowsARedirectButNotInCircles) {
-    setAnswer(R"("status":302,"location":"/api/v3/klines?symbol=BTCUSDT&interval=1h&limit=1")");
-    EXPECT_TRUE(runTask(transport_.get(url())).startsWith("[["));
-    setAnswer(R"("status":302,"location":"/x")");
-    EXPECT_TRUE(errorCode(url()));
-}
-
-TEST_F(Transport, ReadsAChunkedBodyAndRefusesATruncatedOne) {
-    EXPECT_EQ(bodyOf(R"("body":"Ä全角","chunked":true)"), QByteArray("Ä全角"));
+TEST_F(Transport, GivesAWholeBodyOrNone) {
+    setAnswer(R"("body":"Ä全角","chunked":true)");
+    EXPECT_EQ(runTask(transport_.get(url())), QByteArray("Ä全角"));
     setAnswer(R"("truncate":true,"body":")" + QByteArray(5000, 'x') + "\"");
     EXPECT_EQ(errorCode(url()), Code::connectionLost);
+    setAnswer(R"("status":302,"location":"/x")");
+    EXPECT_TRUE(errorCode(url())) << "goes round in circles";
 }
 
 TEST_F(Transport, RefusesABodyAbove64MiB) {
@@ -88,12 +79,7 @@ TEST_F(Transport, TimesOutAfterAMinuteWithoutProgress) {
     clock_.advance(59s);
     EXPECT_TRUE(running.isRunning());
     clock_.advance(1s);
-    try {
-        running.result();
-        ADD_FAILURE() << "succeeded";
-    } catch (const URLError& error) {
-        EXPECT_EQ(error.code(), Code::timedOut);
-    }
+    EXPECT_THROW(running.result(), URLError);
 }
 
 TEST_F(Transport, EndsTheTransferWhenItIsCancelled) {

@@ -23,7 +23,7 @@ std::pair<const Symbol, Quote> quote(const Symbol& symbol, const char* price, co
 }
 
 const StatusBarPresenter::Quotes quotes{quote(btc, "65432.1", "1.234"), quote(eth, "2", "0"),
-                                        quote(sol, "0.5", "-0.001")};
+                                        quote(sol, "0.5", "-0.001"), quote(ada, "1", "0.004")};
 
 DisplaySettings settings(StatusBarDisplayMode mode,
                          StatusBarContent content = StatusBarContent::both) {
@@ -50,6 +50,16 @@ TEST(StatusBarPresenter, ShowsPinnedPairsInTheWatchlistsOrder) {
     EXPECT_EQ(StatusBarPresenter::rotationItemCount(watchlist, {eth, btc}), 2);
     EXPECT_EQ(StatusBarPresenter::rotationItemCount(watchlist, {sol}), 3);
     EXPECT_EQ(StatusBarPresenter::rotationItemCount({}, {btc}), 0);
+}
+
+TEST(StatusBarPresenter, NamesPairsAsTheyAreToldApartInTheWatchlist) {
+    const Symbol inEuros{"BTC", "EUR"};
+    const auto sideBySide = settings(StatusBarDisplayMode::sideBySide);
+    EXPECT_EQ(shown({btc, eth, inEuros}, {}, sideBySide), "BTCUSDT  ETH  BTCEUR");
+    EXPECT_EQ(shown({btc, eth, inEuros}, {btc}, sideBySide), "BTCUSDT") << "as in the panel";
+    const auto segments =
+        StatusBarPresenter::segments({inEuros, btc}, {btc}, quotes, sideBySide, 0);
+    EXPECT_EQ(segments.at(0).text.toStdString(), "BTCUSDT 65,432.10 +1.23%");
 }
 
 TEST(StatusBarPresenter, FixesTheFirstShownPair) {
@@ -89,7 +99,7 @@ TEST(StatusBarPresenter, LetsTheContentsFollowTheBase) {
                Case{eth, changeOnly, "ETH 0.00%", PriceDirection::flat},
                // The direction is that of the change itself, not of what rounding leaves of it.
                Case{sol, both, "SOL 0.5 0.00%", PriceDirection::down},
-               Case{ada, both, "ADA", PriceDirection::flat},
+               Case{ada, changeOnly, "ADA 0.00%", PriceDirection::up},
                Case{{"\u00c4\uff11", "USDT"}, both, "\u00c4\uff11", PriceDirection::flat}))
         EXPECT_EQ(StatusBarPresenter::segments(
                       {symbol}, {}, quotes, settings(StatusBarDisplayMode::rotating, content), 0),

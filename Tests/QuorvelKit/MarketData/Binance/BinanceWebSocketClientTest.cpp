@@ -4,7 +4,7 @@
 #include "QuorvelKit/MarketData/Binance/BinanceWebSocketClient.h"
 
 #include "Platform/Async/TaskScope.h"
-#include "QuorvelKit/MarketData/Binance/SubscriptionCommand.h"
+#include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
 #include "Tests/QuorvelKit/MarketData/ScriptedConnection.h"
 #include "Tests/Support/ManualClock.h"
 #include "Tests/Support/MarketSamples.h"
@@ -21,7 +21,8 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr BackoffPolicy productionPolicy{.baseDelay = 1.0, .maxDelay = 30.0, .jitterFraction = 0.2};
+/// Unlike the one in use, so that a client with numbers of its own is found out.
+constexpr BackoffPolicy policy{.baseDelay = 0.5, .maxDelay = 5.0, .jitterFraction = 0.5};
 
 class StreamingClient : public testing::Test {
 protected:
@@ -35,8 +36,8 @@ protected:
         auto connection = std::make_unique<ScriptedConnection>();
         connection_ = connection.get();
         client_ = std::make_unique<BinanceWebSocketClient>(
-            std::move(connection), productionPolicy, clock_, [this] { return jitter_; },
-            QUrl(SubscriptionCommand::host()));
+            std::move(connection), policy, clock_, [this] { return jitter_; },
+            BinanceProvider::defaultStreamURL());
     }
 
     void run(Task<> task) {
@@ -138,20 +139,22 @@ TEST_F(StreamingClient, KeepsTheStreamThroughLossesAndAnEmptySet) {
     EXPECT_FALSE(taken_.hasEnded);
 }
 
-TEST_F(StreamingClient, DoublesTheDelayWhileConnectingFailsAndStartsOverAfterALoss) {
-    connection_->failingConnects = 9;
+TEST_F(StreamingClient, WaitsByItsPolicyUpToTheHundredthAttemptAndStartsOverAfterALoss) {
+    connection_->failingConnects = 100;
     update({btc});
-    std::vector<double> delays;
-    while (connection_->connections == 0) {
+    for (int attempt = 1; attempt <= 100; ++attempt) {
+        ASSERT_EQ(connection_->failingConnects, 100 - attempt);
         const auto next = clock_.untilNextTimer();
-        ASSERT_TRUE(next) << "gave up";
-        delays.push_back(std::chrono::duration<double>(*next).count());
+        ASSERT_TRUE(next) << "gave up after " << attempt;
+        EXPECT_EQ(std::chrono::duration<double>(*next).count(), policy.delay(attempt, jitter_))
+            << attempt;
+        jitter_ = 0.25 * (attempt % 4);
         clock_.advance(*next);
     }
-    EXPECT_THAT(delays, ElementsAre(1, 2, 4, 8, 16, 30, 30, 30, 30));
+    EXPECT_EQ(connection_->connections, 1);
     jitter_ = 1;
     lose();
-    EXPECT_EQ(clock_.untilNextTimer(), 1200ms);
+    EXPECT_EQ(clock_.untilNextTimer(), 750ms);
 }
 
 TEST_F(StreamingClient, ConnectsAtOnceWhenThePairsChangeWhileItWaits) {
@@ -214,12 +217,16 @@ TEST_F(StreamingClient, CanGoAtAnyMoment) {
     EXPECT_EQ(clock_.timerCount(), 0u);
 }
 
-TEST(BackoffPolicy, StaysWithinItsBounds) {
-    EXPECT_EQ(productionPolicy.delay(-5, 0), 1.0);
-    EXPECT_DOUBLE_EQ(productionPolicy.delay(3, 1), 4.8);
-    EXPECT_DOUBLE_EQ(productionPolicy.delay(5, 0.5), 17.6);
-    EXPECT_EQ(productionPolicy.delay(10, 1), 30.0);
-    EXPECT_EQ(productionPolicy.delay(std::numeric_limits<int>::max(), 1), 30.0);
+TEST(BackoffPolicy, DoublesUpToHalfAMinuteForTheExchange) {
+    constexpr BackoffPolicy inUse = BinanceProvider::backoff;
+    const std::vector<double> doubled{1, 1, 2, 4, 8, 16};
+    for (int attempt = 0; attempt <= 100; ++attempt) {
+        const double base = attempt <= 5 ? doubled[static_cast<std::size_t>(attempt)] : 30;
+        EXPECT_DOUBLE_EQ(inUse.delay(attempt, 0), base) << attempt;
+        EXPECT_DOUBLE_EQ(inUse.delay(attempt, 0.5), std::min(base * 1.1, 30.0)) << attempt;
+        EXPECT_DOUBLE_EQ(inUse.delay(attempt, 1), std::min(base * 1.2, 30.0)) << attempt;
+    }
+    EXPECT_EQ(inUse.delay(std::numeric_limits<int>::max(), 1), 30);
 }
 
 TEST(SystemJitter, SpreadsOverItsRange) {

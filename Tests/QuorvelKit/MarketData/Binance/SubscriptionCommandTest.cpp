@@ -21,10 +21,8 @@ std::string onTheWire(const SymbolSet& symbols) {
     return url ? url->toEncoded().toStdString() : "none";
 }
 
-TEST(SubscriptionCommand, ConnectsToAllStreamsAtOnce) {
+TEST(SubscriptionCommand, ConnectsToTheExchangeUnlessToldOtherwise) {
     EXPECT_EQ(onTheWire({}), "none");
-    EXPECT_EQ(onTheWire({eth, btc, ada}),
-              "ws://127.0.0.1:8080/stream?streams=adausdt@ticker/btcusdt@ticker/ethusdt@ticker");
     EXPECT_EQ(SubscriptionCommand::connectURL({btc}).value().toEncoded(),
               QByteArray("wss://stream.binance.com:9443/stream?streams=btcusdt@ticker"));
     EXPECT_EQ(SubscriptionCommand::connectURL({btc}, QUrl()), std::nullopt);
@@ -42,16 +40,8 @@ TEST(SubscriptionCommand, WritesCommandsInAFixedForm) {
     EXPECT_EQ(SubscriptionCommand::controlMessage(Method::subscribe,
                                                   {{"AB", "USDT"}, {"ABC", "USDT"}}, 3),
               R"({"method":"SUBSCRIBE","params":["abcusdt@ticker","abusdt@ticker"],"id":3})");
-    EXPECT_EQ(SubscriptionCommand::controlMessage(Method::unsubscribe, {}, -1),
-              R"({"method":"UNSUBSCRIBE","params":[],"id":-1})");
     EXPECT_EQ(SubscriptionCommand::controlMessage(Method::subscribe, {{"A\"],\\", "\u00c4"}}, 1),
               "{\"method\":\"SUBSCRIBE\",\"params\":[\"a\\\"],\\\\\u00e4@ticker\"],\"id\":1}");
-}
-
-TEST(SubscriptionCommand, FindsWhatChanged) {
-    EXPECT_EQ(SubscriptionCommand::diff({ada, btc}, {btc, eth}),
-              (SubscriptionCommand::Difference{.toAdd = {eth}, .toRemove = {ada}}));
-    EXPECT_EQ(SubscriptionCommand::diff({ada, btc}, {btc, ada}), SubscriptionCommand::Difference());
 }
 
 } // namespace
