@@ -5,7 +5,7 @@
 
 #include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/AccessibleRole.h"
-#include "Platform/Controls/TextLine.h"
+#include "Platform/Controls/Label.h"
 
 #include <QVBoxLayout>
 
@@ -22,8 +22,9 @@ FormSection::FormSection(const QString& title, QWidget* parent)
     : QWidget(parent), card_(new FormCard(this)) {
     platform::setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(title);
-    using platform::TextLine;
-    auto* const header = new TextLine(title, TextLine::Strength::secondary, this);
+    using platform::Label;
+    auto* const header = new Label(Label::Tone::secondary, titleSize, this);
+    header->setText(title);
     header->setFont(platform::systemFont(titleSize, QFont::DemiBold));
     header->setContentsMargins(FormCard::inset, 0, FormCard::inset, 0);
     auto* const layout = new QVBoxLayout(this);

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QLineEdit>
+#include <QPushButton>
 
 using namespace quorvel;
 using testing::ElementsAre;
@@ -164,7 +165,7 @@ TEST_F(WatchlistEditing, ReordersAndRemovesByKeysAndKeepsTheKeyboardInTheList) {
 
 TEST_F(WatchlistEditing, RemovesByTheButtonThatAppearsBelowThePointer) {
     show({"BTC", "ETH"});
-    RemoveButton& button = row("ETH").removeButton();
+    QPushButton& button = row("ETH").removeButton();
     QTest::mouseMove(popover_.windowHandle(), QPoint(1, 1));
     test::drainEvents();
     const QImage hidden = picture(row("ETH"));
