@@ -3,11 +3,11 @@
 
 #include "Quorvel/Panel/SearchResults.h"
 
+#include "Platform/Appearance/SymbolIcon.h"
 #include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/ControlStyle.h"
 #include "Platform/Controls/Divider.h"
 #include "Platform/Controls/Label.h"
-#include "Platform/Controls/SymbolIcon.h"
 #include "Platform/Foundation/StringTable.h"
 #include "QuorvelKit/MarketData/SymbolSearch.h"
 

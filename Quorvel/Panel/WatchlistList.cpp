@@ -24,6 +24,7 @@ WatchlistList::WatchlistList(WatchlistRows* rows, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalScrollBar()->setSingleStep(WatchlistRows::pitch);
+    verticalScrollBar()->setAccessibleName(rows->accessibleName());
     setWidget(rows);
     // A scroll area gives itself and its widget a background of their own.
     viewport()->setAutoFillBackground(false);

@@ -3,11 +3,11 @@
 
 #include "Quorvel/Panel/WatchlistRow.h"
 
+#include "Platform/Appearance/SymbolIcon.h"
 #include "Platform/Appearance/SymbolImage.h"
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/ControlMarks.h"
-#include "Platform/Controls/SymbolIcon.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Model/PriceColors.h"
 #include "Quorvel/Panel/FittedText.h"

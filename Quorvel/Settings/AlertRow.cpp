@@ -3,8 +3,8 @@
 
 #include "Quorvel/Settings/AlertRow.h"
 
+#include "Platform/Appearance/SymbolIcon.h"
 #include "Platform/Controls/ControlStyle.h"
-#include "Platform/Controls/SymbolIcon.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/FormCard.h"
 #include "Quorvel/Settings/FormFonts.h"

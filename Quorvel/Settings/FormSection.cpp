@@ -18,8 +18,7 @@ constexpr int titleSpacing = 8;
 
 } // namespace
 
-FormSection::FormSection(const QString& title, QWidget* parent)
-    : QWidget(parent), card_(new FormCard(this)) {
+FormSection::FormSection(const QString& title, QWidget* parent) : QWidget(parent) {
     platform::setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(title);
     using platform::Label;
@@ -27,6 +26,7 @@ FormSection::FormSection(const QString& title, QWidget* parent)
     header->setText(title);
     header->setFont(platform::systemFont(titleSize, QFont::DemiBold));
     header->setContentsMargins(FormCard::inset, 0, FormCard::inset, 0);
+    card_ = new FormCard(this);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(titleSpacing);

@@ -5,6 +5,7 @@
 
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Controls/ControlStyle.h"
+#include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/AlertsSection.h"
 #include "Quorvel/Settings/AppearanceSection.h"
 #include "Quorvel/Settings/GeneralSection.h"
@@ -52,6 +53,8 @@ void SettingsWindow::makeScrollArea(QWidget* form) {
     // At all times, so that the cards keep their width.
     scrollArea_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     scrollArea_->verticalScrollBar()->setSingleStep(scrollStep);
+    scrollArea_->verticalScrollBar()->setAccessibleName(
+        platform::localized("Quorvel", "Quorvel Settings"));
     scrollArea_->setWidgetResizable(true);
     scrollArea_->setWidget(form);
     // A scroll area gives itself and its widget a background of their own.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Platform/Controls/SymbolIcon.h"
+#include "Platform/Appearance/SymbolIcon.h"
 
 #include "Platform/Appearance/SymbolImage.h"
 
