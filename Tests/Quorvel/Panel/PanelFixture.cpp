@@ -49,7 +49,7 @@ void PanelFixture::show(std::initializer_list<const char*> bases,
         drainEvents();
     }
     QApplication::setStyle(new platform::ControlStyle);
-    panel_ = new WatchlistPanel(*model_, [this] { ++settingsOpened_; });
+    panel_ = new WatchlistPanel(*model_, [] {});
     popover_.setContent(panel_);
     reopen();
 }
@@ -158,20 +158,6 @@ std::string PanelFixture::focus() const {
         return (isResult ? "result " : "") + button->text().toStdString();
     }
     return focus ? focus->objectName().toStdString() : "nothing";
-}
-
-void PanelFixture::choose(const char* entry) {
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_TRUE(menu) << "no menu is open";
-    for (QAction* const action : menu->actions()) {
-        if (plain(action->text(), action->isEnabled()) != entry)
-            continue;
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-        drainEvents();
-        reactivate();
-        return;
-    }
-    FAIL() << "the menu has no enabled " << entry;
 }
 
 std::vector<std::string> PanelFixture::menu() {

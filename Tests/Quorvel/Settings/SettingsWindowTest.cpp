@@ -90,24 +90,6 @@ TEST_F(Settings, WritesWhatIsChosenAndShowsWhatOthersWrite) {
     EXPECT_EQ(chosen("Content"), "Price and change");
 }
 
-TEST_F(Settings, SwitchesAndRadioButtonsWriteTheirKeys) {
-    show();
-    click(get<QCheckBox>("Show icon"));
-    EXPECT_EQ(stored("display.showsIcon"), "false");
-    get<QCheckBox>("Show up/down arrow").setFocus(Qt::TabFocusReason);
-    press(Qt::Key_Space);
-    EXPECT_EQ(stored("display.showsDirectionArrow"), "false");
-    EXPECT_EQ(stored("display.showsIcon"), "false") << "the rest of the record stays";
-    click(*button("Green up, red down"));
-    EXPECT_EQ(stored("display.colorScheme"), "greenUpRedDown");
-    change([](DisplaySettings& display) {
-        display.showsIcon = true;
-        display.colorScheme = PriceColorScheme::redUpGreenDown;
-    });
-    EXPECT_TRUE(get<QCheckBox>("Show icon").isChecked());
-    EXPECT_TRUE(button("Red up, green down")->isChecked());
-}
-
 TEST_F(Settings, SpinBoxesTakeOneStepAtATimeAndStopAtTheirEnds) {
     show();
     change([](DisplaySettings& d) { d.setRotationInterval(platform::TimeInterval(58.5)); });
