@@ -4,16 +4,18 @@
 #include "Platform/Appearance/SystemAppearance.h"
 
 #include "Platform/Appearance/SystemColors.h"
+#include "Platform/Appearance/SystemFonts.h"
 #include "Tests/Support/ManualClock.h"
 #include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/WaitUntil.h"
 
+#include <QApplication>
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -116,6 +118,22 @@ TEST(DesktopsWishes, ForAccentAndContrastAreFollowed) {
     portal.change("accent-color", rgb(-1, -1, -1));
     portal.change("contrast", 0u);
     EXPECT_TRUE(test::waitUntil([&] { return appearance.wishes() == DesktopWishes(); }));
+}
+
+TEST(TheDesktopsFont, IsFollowedInItsFamilyAlone) {
+    constexpr int size = 14;
+    QWidget widget;
+    widget.setFont(systemFont(size, QFont::Medium));
+    const QFont before = QApplication::font();
+    QFont other(QStringLiteral("Some Other Family"));
+    other.setPointSize(40);
+    QApplication::setFont(other);
+    QEvent change(QEvent::ApplicationFontChange); // as sent once the event loop runs
+    QApplication::sendEvent(&widget, &change);
+    EXPECT_EQ(widget.font().family(), other.family());
+    EXPECT_EQ(widget.font().pixelSize(), size);
+    EXPECT_EQ(widget.font().weight(), QFont::Medium);
+    QApplication::setFont(before);
 }
 
 double luminance(const QColor& color) {

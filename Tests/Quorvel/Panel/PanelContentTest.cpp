@@ -250,6 +250,26 @@ TEST_F(PanelContent, ScrollsWhenTheScreenIsTooSmallAndKeepsTheFocusedRowInSight)
     EXPECT_EQ(focus(), "row BTC");
 }
 
+TEST_F(PanelContent, ScrollsOnWhileADraggedRowRestsAtTheEdge) {
+    show({"BTC"});
+    for (int i = 0; i < 60; ++i)
+        model_->addSymbol({"C" + std::to_string(i), "USDT"});
+    rows().focusRow(0);
+    test::drainEvents();
+    QScrollBar& bar = *panel_->findChild<QScrollArea*>()->verticalScrollBar();
+    ASSERT_EQ(bar.value(), 0);
+    const QPoint start = row("BTC").mapTo(&popover_, row("BTC").rect().center());
+    const QPoint edge = bar.mapTo(&popover_, bar.rect().bottomLeft()) - QPoint(20, 0);
+    QTest::mousePress(popover_.windowHandle(), Qt::LeftButton, {}, start);
+    QTest::mouseMove(popover_.windowHandle(), edge);
+    const int reached = bar.value();
+    clock_.advance(std::chrono::milliseconds(160));
+    test::drainEvents();
+    EXPECT_GT(bar.value(), reached);
+    QTest::mouseRelease(popover_.windowHandle(), Qt::LeftButton, {}, edge);
+    EXPECT_NE(bases().front(), "BTC");
+}
+
 TEST(FittedTextOfARow, ShrinksToFourFifthsAndNoFurther) {
     struct Case {
         double advance;
