@@ -3,10 +3,14 @@
 
 #include "Platform/Appearance/SystemAppearance.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include "Platform/DBus/DBusCall.h"
+#include "Platform/DBus/ServiceError.h"
 
+#include <QDBusArgument>
+#include <QDBusMessage>
+
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace platform {
@@ -18,6 +22,8 @@ const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceNamespace = QStringLiteral("org.freedesktop.appearance");
 const QString colorScheme = QStringLiteral("color-scheme");
+const QString accentColor = QStringLiteral("accent-color");
+const QString contrast = QStringLiteral("contrast");
 
 std::optional<Appearance> appearance(uint scheme) {
     switch (scheme) {
@@ -30,40 +36,67 @@ std::optional<Appearance> appearance(uint scheme) {
     }
 }
 
+/// Three parts from 0 to 1. Parts beyond that mean that no accent is chosen.
+std::optional<QColor> color(const QVariant& value) {
+    if (value.metaType() != QMetaType::fromType<QDBusArgument>())
+        return std::nullopt;
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != QStringLiteral("(ddd)"))
+        return std::nullopt;
+    std::array<double, 3> parts{};
+    argument.beginStructure();
+    argument >> parts[0] >> parts[1] >> parts[2];
+    argument.endStructure();
+    if (!std::ranges::all_of(parts, [](double part) { return part >= 0 && part <= 1; }))
+        return std::nullopt;
+    return QColor::fromRgbF(float(parts[0]), float(parts[1]), float(parts[2]));
+}
+
 } // namespace
 
-SystemAppearance::SystemAppearance(QDBusConnection bus) : bus_(std::move(bus)) {
+SystemAppearance::SystemAppearance(QDBusConnection bus, Clock& clock)
+    : bus_(std::move(bus)), clock_(clock) {
     // The slot's parameters are looked up by the names of their types.
     qRegisterMetaType<QDBusVariant>();
     bus_.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
                  SLOT(settingChanged(QString, QString, QDBusVariant)));
-    ask();
+    for (const QString& key : {colorScheme, accentColor, contrast})
+        questions_.start(ask(key));
 }
 
-void SystemAppearance::ask() {
-    auto call = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
-    call.setArguments({appearanceNamespace, colorScheme});
-    auto* const watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        const QDBusPendingReply<QDBusVariant> reply = *watcher;
-        if (reply.isValid())
-            take(reply.value().variant());
-        watcher->deleteLater();
-    });
+Task<> SystemAppearance::ask(QString key) {
+    auto message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+    message.setArguments({appearanceNamespace, key});
+    try {
+        const QDBusMessage answer = co_await DBusCall(bus_, message, clock_);
+        take(key, answer.arguments().value(0));
+    } catch (const ServiceError&) {
+        // No portal, or one that does not know the key: there is no wish.
+    }
 }
 
 void SystemAppearance::settingChanged(const QString& settingsNamespace, const QString& key,
                                       const QDBusVariant& value) {
-    if (settingsNamespace == appearanceNamespace && key == colorScheme)
-        take(value.variant());
+    if (settingsNamespace == appearanceNamespace)
+        take(key, value.variant());
 }
 
-void SystemAppearance::take(QVariant value) {
-    // An answer is wrapped once more than a signal.
-    if (value.metaType() == QMetaType::fromType<QDBusVariant>())
+void SystemAppearance::take(const QString& key, QVariant value) {
+    // An answer is wrapped twice, a signal's value once.
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
-    const auto preferred = appearance(value.toUInt());
-    if (std::exchange(preferred_, preferred) != preferred)
+    auto preferred = preferred_;
+    DesktopWishes wishes = wishes_;
+    if (key == colorScheme)
+        preferred = appearance(value.toUInt());
+    else if (key == accentColor)
+        wishes.accent = color(value);
+    else if (key == contrast)
+        wishes.wantsHighContrast = value.toUInt() == 1;
+    const bool isChange = preferred != preferred_ || wishes != wishes_;
+    preferred_ = preferred;
+    wishes_ = wishes;
+    if (isChange)
         Q_EMIT preferredChanged();
 }
 

@@ -4,12 +4,12 @@
 #include "Platform/Appearance/SystemFonts.h"
 
 #include <QFontDatabase>
-#include <QGuiApplication>
 
 namespace platform {
 
 QFont systemFont(int size, QFont::Weight weight) {
-    QFont font = QGuiApplication::font();
+    // Only what is set here is the font's own: a widget goes on taking the family from the desktop.
+    QFont font;
     font.setPixelSize(size);
     font.setWeight(weight);
     return font;

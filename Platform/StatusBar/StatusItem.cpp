@@ -24,7 +24,7 @@ StatusItem::StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusCon
       clock_(clock),
       bus_(bus),
       options_(options),
-      appearance_(bus),
+      appearance_(bus, clock),
       desktop_(bus, tray_) {
     connect(&desktop_, &StatusItemDesktopObserver::changed, this, &StatusItem::chooseSoon);
     connect(&appearance_, &SystemAppearance::preferredChanged, this, [this] {

@@ -4,9 +4,9 @@
 #include "Platform/StatusWindows/StatusItemView.h"
 
 #include "Platform/Controls/AccessibleRole.h"
-#include "Platform/Controls/PopupMenu.h"
 
 #include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -57,7 +57,8 @@ void StatusItemView::mouseReleaseEvent(QMouseEvent* event) {
 void StatusItemView::contextMenuEvent(QContextMenuEvent* event) {
     if (!content_ || content_->menu.empty())
         return;
-    auto* const menu = new PopupMenu(this);
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const MenuEntry& entry : content_->menu) {
         if (entry.isSeparator) {
             menu->addSeparator();

@@ -68,6 +68,7 @@ public:
 
     /// The time that everything here goes by.
     platform::Date now() const { return clock_.now(); }
+    platform::Clock& clock() { return clock_; }
 
     QuoteStore& quotes() { return quotes_; }
     CandleCache& candles() { return candles_; }

@@ -7,6 +7,7 @@
 #include "Quorvel/Panel/WatchlistRows.h"
 
 #include <QAccessibleWidget>
+#include <QPushButton>
 
 namespace quorvel {
 

@@ -24,7 +24,8 @@ QString literally(QString text) {
 
 RowMenu::RowMenu(const Symbol& symbol, std::size_t index, AppModel& model,
                  const std::function<void()>& onOpenSettings, QWidget* parent)
-    : PopupMenu(parent) {
+    : QMenu(parent) {
+    setAttribute(Qt::WA_DeleteOnClose);
     WatchlistStore& watchlist = model.watchlist();
     const auto add = [this](const QString& text, const auto& action) {
         return addAction(literally(text), this, action);
@@ -50,7 +51,7 @@ RowMenu::RowMenu(const Symbol& symbol, std::size_t index, AppModel& model,
 }
 
 void RowMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
-    PopupMenu::initStyleOption(option, action);
+    QMenu::initStyleOption(option, action);
     if (action != remove_)
         return;
     const QColor red = brandRed(platform::appearanceOf(palette()));

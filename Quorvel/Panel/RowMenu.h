@@ -3,15 +3,16 @@
 
 #pragma once
 
-#include "Platform/Controls/PopupMenu.h"
 #include "Quorvel/Model/AppModel.h"
+
+#include <QMenu>
 
 #include <functional>
 
 namespace quorvel {
 
 /// What can be done with a row of the watchlist. Deletes itself when it closes.
-class RowMenu final : public platform::PopupMenu {
+class RowMenu final : public QMenu {
     Q_OBJECT
 
 public:

@@ -3,28 +3,37 @@
 
 #include "Quorvel/Panel/SearchResults.h"
 
+#include "Platform/Appearance/SymbolIcon.h"
+#include "Platform/Appearance/SystemFonts.h"
+#include "Platform/Controls/ControlStyle.h"
 #include "Platform/Controls/Divider.h"
+#include "Platform/Controls/Label.h"
 #include "Platform/Foundation/StringTable.h"
-#include "Quorvel/Panel/SearchResultButton.h"
 #include "QuorvelKit/MarketData/SymbolSearch.h"
 
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace quorvel {
 
+using platform::localized;
+
 namespace {
 
 constexpr int resultSpacing = 2;
 constexpr int dividerSpacing = 10;
+constexpr int fontSize = 13;
+constexpr int symbolSize = 14;
+constexpr int reasonSize = 10;
 
 } // namespace
 
 SearchResults::SearchResults(AppModel& model, QWidget* parent)
     : QWidget(parent), model_(model), list_(new QVBoxLayout) {
     setObjectName(QStringLiteral("results"));
-    setAccessibleName(platform::localized("Quorvel", "Search results"));
+    setAccessibleName(localized("Quorvel", "Search results"));
     auto* const sections = new QVBoxLayout(this);
     sections->setContentsMargins(0, 0, 0, 0);
     sections->setSpacing(dividerSpacing);
@@ -36,41 +45,63 @@ SearchResults::SearchResults(AppModel& model, QWidget* parent)
     refresh();
 }
 
-std::vector<QAbstractButton*> SearchResults::choices() const {
-    std::vector<QAbstractButton*> choices;
-    for (SearchResultButton* const button : buttons_) {
-        if (!button->isHidden() && button->isEnabled())
-            choices.push_back(button);
+std::vector<QPushButton*> SearchResults::choices() const {
+    std::vector<QPushButton*> choices;
+    for (const Result& result : results_) {
+        if (!result.button->isHidden() && result.button->isEnabled())
+            choices.push_back(result.button);
     }
     return choices;
 }
 
-void SearchResults::makeButtons(std::size_t count) {
-    while (buttons_.size() < count) {
-        auto* const button = new SearchResultButton(this);
-        list_->addWidget(button);
-        connect(button, &QAbstractButton::clicked, this, [this, button] {
-            model_.addSymbol(button->pair());
-            Q_EMIT added();
-        });
-        buttons_.push_back(button);
-    }
+SearchResults::Result SearchResults::makeResult(std::size_t index) {
+    auto* const button = new QPushButton;
+    button->setFlat(true);
+    button->setFont(platform::systemFont(fontSize));
+    button->setIcon(platform::symbolIcon(QStringLiteral("plus-circle")));
+    button->setIconSize({symbolSize, symbolSize});
+    auto* const reason = new platform::Label(platform::Label::Tone::tertiary, reasonSize);
+    reason->setWordWrap(false);
+    reason->setText(localized("Quorvel", "Can't be saved in the watchlist"));
+    auto* const line = new QHBoxLayout(button);
+    line->setContentsMargins(0, 0, platform::ControlStyle::flatButtonPadding, 0);
+    line->addStretch();
+    line->addWidget(reason);
+    list_->addWidget(button);
+    connect(button, &QPushButton::clicked, this, [this, index] {
+        model_.addSymbol(Symbol(results_[index].symbol));
+        Q_EMIT added();
+    });
+    return {button, reason, {}};
+}
+
+void SearchResults::show(Result& result, const Symbol& symbol) {
+    result.symbol = symbol;
+    const QString base = QString::fromStdString(symbol.base);
+    const bool isStorable = symbol.isStorable();
+    result.button->setText(QString(base).replace(u'&', QStringLiteral("&&")));
+    result.button->setEnabled(isStorable);
+    result.button->setAccessibleName(localized("Quorvel", "Add %1").arg(base));
+    result.button->setAccessibleDescription(isStorable ? QString() : result.reason->text());
+    result.button->setToolTip(result.button->accessibleDescription());
+    result.reason->setVisible(!isStorable);
 }
 
 void SearchResults::refresh() {
     const auto matches =
         SymbolSearch::match(model_.searchQuery(), model_.availableSymbols(), matchLimit);
-    makeButtons(std::min(matches.size(), shownLimit));
-    const SearchResultButton* first = nullptr;
-    for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        SearchResultButton& button = *buttons_[i];
+    while (results_.size() < std::min(matches.size(), shownLimit))
+        results_.push_back(makeResult(results_.size()));
+    bool hasDefault = false;
+    for (std::size_t i = 0; i < results_.size(); ++i) {
+        QPushButton& button = *results_[i].button;
         button.setVisible(i < matches.size());
         if (i >= matches.size())
             continue;
-        button.setPair(matches[i]);
-        if (!first && button.isEnabled())
-            first = &button;
-        button.setDefault(&button == first);
+        show(results_[i], matches[i]);
+        // What Enter in the search field presses.
+        button.setDefault(!hasDefault && button.isEnabled());
+        hasDefault |= button.isEnabled();
     }
     setVisible(!matches.empty());
 }

@@ -10,15 +10,15 @@
 #include <cstddef>
 #include <vector>
 
-class QAbstractButton;
+class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 namespace quorvel {
 
-class SearchResultButton;
-
-/// The pairs that the search text finds, each a button that adds it, above a line. Hidden while
-/// there are none.
+/// The pairs that the search text finds, each a button that adds it, above a line. A pair that the
+/// watchlist's file could not hold is disabled, with the reason beside its name. Hidden while there
+/// are none.
 class SearchResults final : public QWidget {
     Q_OBJECT
 
@@ -30,19 +30,26 @@ public:
     explicit SearchResults(AppModel& model, QWidget* parent = nullptr);
 
     /// The shown buttons that can be pressed, from the top.
-    std::vector<QAbstractButton*> choices() const;
+    std::vector<QPushButton*> choices() const;
 
 Q_SIGNALS:
     /// A pair was added, and the results with the keyboard in them are gone.
     void added();
 
 private:
+    struct Result {
+        QPushButton* button;
+        QLabel* reason; ///< why it is disabled
+        Symbol symbol;
+    };
+
     void refresh();
-    void makeButtons(std::size_t count);
+    Result makeResult(std::size_t index);
+    static void show(Result& result, const Symbol& symbol);
 
     AppModel& model_;
     QVBoxLayout* list_;
-    std::vector<SearchResultButton*> buttons_; ///< as many as were ever needed
+    std::vector<Result> results_; ///< as many as were ever needed
 };
 
 } // namespace quorvel

@@ -3,7 +3,7 @@
 
 #include "Quorvel/Panel/WatchlistList.h"
 
-#include "Platform/Controls/OverlayScrollBar.h"
+#include "Platform/Controls/ControlStyle.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -11,8 +11,6 @@
 #include <algorithm>
 
 namespace quorvel {
-
-using platform::OverlayScrollBar;
 
 namespace {
 
@@ -25,8 +23,8 @@ WatchlistList::WatchlistList(WatchlistRows* rows, QWidget* parent)
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBar(new OverlayScrollBar);
     verticalScrollBar()->setSingleStep(WatchlistRows::pitch);
+    verticalScrollBar()->setAccessibleName(rows->accessibleName());
     setWidget(rows);
     // A scroll area gives itself and its widget a background of their own.
     viewport()->setAutoFillBackground(false);
@@ -44,7 +42,7 @@ QSize WatchlistList::minimumSizeHint() const {
 }
 
 void WatchlistList::resizeEvent(QResizeEvent* event) {
-    rows_->resize(width() - OverlayScrollBar::breadth, rows_->sizeHint().height());
+    rows_->resize(width() - platform::ControlStyle::scrollBarBreadth, rows_->sizeHint().height());
     QScrollArea::resizeEvent(event);
 }
 

@@ -4,14 +4,16 @@
 #include "Quorvel/Panel/WatchlistPanel.h"
 
 #include "Platform/Appearance/SystemFonts.h"
+#include "Platform/Controls/ControlStyle.h"
 #include "Platform/Controls/Divider.h"
-#include "Platform/Controls/PlainButton.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Panel/AccessibleWatchlistRow.h"
 #include "Quorvel/Panel/WatchlistList.h"
 
 #include <QBoxLayout>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
 
 #include <algorithm>
 #include <vector>
@@ -19,9 +21,8 @@
 namespace quorvel {
 
 using platform::Divider;
+using platform::Label;
 using platform::localized;
-using platform::MessageLine;
-using Kind = MessageLine::Kind;
 
 namespace {
 
@@ -30,8 +31,9 @@ constexpr int sectionSpacing = 10;
 constexpr int emptyTextInset = 12;
 
 // Where the texts of rows and buttons begin, so that all lines up.
-constexpr int textInset = platform::PlainButton::horizontalPadding;
+constexpr int textInset = platform::ControlStyle::flatButtonPadding;
 
+constexpr int searchSize = 13;
 constexpr int calloutSize = 12;
 constexpr int captionSize = 11;
 constexpr int smallCaptionSize = 10;
@@ -65,16 +67,16 @@ WatchlistPanel::WatchlistPanel(AppModel& model, std::function<void()> onOpenSett
     refreshMessages();
 }
 
-MessageLine* WatchlistPanel::addMessage(QVBoxLayout& layout, Kind kind, int fontSize) {
-    auto* const line = new MessageLine(kind, fontSize, this);
+Label* WatchlistPanel::addMessage(QVBoxLayout& layout, Label::Tone tone, int fontSize) {
+    auto* const line = new Label(tone, fontSize, this);
     line->setContentsMargins(textInset, 0, textInset, 0);
     layout.addWidget(line);
     return line;
 }
 
 void WatchlistPanel::addSearch(QVBoxLayout& layout) {
-    warning_ = addMessage(layout, Kind::warning, smallCaptionSize);
-    search_ = new SearchField(model_, this);
+    warning_ = addMessage(layout, Label::Tone::warning, smallCaptionSize);
+    makeSearchField();
     results_ = new SearchResults(model_, this);
     layout.addWidget(search_);
     layout.addWidget(results_);
@@ -82,8 +84,20 @@ void WatchlistPanel::addSearch(QVBoxLayout& layout) {
     connect(results_, &SearchResults::added, this, &WatchlistPanel::focusSearch);
 }
 
+void WatchlistPanel::makeSearchField() {
+    search_ = new QLineEdit(model_.searchQuery(), this);
+    search_->setObjectName(QStringLiteral("search"));
+    platform::ControlStyle::setPrompt(*search_, localized("Quorvel", "Search coins, e.g. BTC"));
+    search_->setFont(platform::systemFont(searchSize));
+    connect(search_, &QLineEdit::textEdited, &model_, &AppModel::setSearchQuery);
+    connect(&model_, &AppModel::searchQueryChanged, search_, [this] {
+        if (search_->text() != model_.searchQuery())
+            search_->setText(model_.searchQuery());
+    });
+}
+
 void WatchlistPanel::addWatchlist(QVBoxLayout& top, QVBoxLayout& sections) {
-    emptyText_ = addMessage(top, Kind::secondary, calloutSize);
+    emptyText_ = addMessage(top, Label::Tone::secondary, calloutSize);
     emptyText_->setAlignment(Qt::AlignCenter);
     emptyText_->setContentsMargins(0, emptyTextInset, 0, emptyTextInset);
     rows_ = new WatchlistRows(model_, onOpenSettings_);
@@ -93,30 +107,30 @@ void WatchlistPanel::addWatchlist(QVBoxLayout& top, QVBoxLayout& sections) {
 }
 
 void WatchlistPanel::addMessages(QVBoxLayout& layout) {
-    persistError_ = addMessage(layout, Kind::error, smallCaptionSize);
-    loadError_ = addMessage(layout, Kind::secondary, captionSize);
-    hint_ = addMessage(layout, Kind::tertiary, smallCaptionSize);
+    persistError_ = addMessage(layout, Label::Tone::error, smallCaptionSize);
+    loadError_ = addMessage(layout, Label::Tone::secondary, captionSize);
+    hint_ = addMessage(layout, Label::Tone::tertiary, smallCaptionSize);
+}
+
+QPushButton* WatchlistPanel::makeButton(const QString& text, const char* name) {
+    auto* const button = new QPushButton(text, this);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setFlat(true);
+    button->setFont(platform::systemFont(calloutSize));
+    return button;
 }
 
 void WatchlistPanel::addFooter(QVBoxLayout& layout) {
-    const auto add = [this](const QString& text, const char* name) {
-        auto* const button = new platform::PlainButton(text, this);
-        button->setObjectName(QString::fromLatin1(name));
-        button->setFont(platform::systemFont(calloutSize));
-        return button;
-    };
-    auto* const settings = add(localized("Quorvel", "Settings…"), "settings");
-    auto* const quit = add(localized("Quorvel", "Quit"), "quit");
-    settings_ = settings;
-    quit_ = quit;
+    settings_ = makeButton(localized("Quorvel", "Settings…"), "settings");
+    quit_ = makeButton(localized("Quorvel", "Quit"), "quit");
     auto* const footer = new QHBoxLayout;
     footer->setSpacing(0);
-    footer->addWidget(settings);
+    footer->addWidget(settings_);
     footer->addStretch();
-    footer->addWidget(quit);
+    footer->addWidget(quit_);
     layout.addLayout(footer);
-    connect(settings, &QAbstractButton::clicked, this, [this] { onOpenSettings_(); });
-    connect(quit, &QAbstractButton::clicked, this, &WatchlistPanel::quitRequested);
+    connect(settings_, &QPushButton::clicked, this, [this] { onOpenSettings_(); });
+    connect(quit_, &QPushButton::clicked, this, &WatchlistPanel::quitRequested);
 }
 
 void WatchlistPanel::followModel() {

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "Platform/Controls/MessageLine.h"
+#include "Platform/Controls/Label.h"
 #include "Quorvel/Model/AppModel.h"
-#include "Quorvel/Panel/SearchField.h"
 #include "Quorvel/Panel/SearchResults.h"
 #include "Quorvel/Panel/WatchlistRows.h"
 
@@ -15,6 +14,8 @@
 #include <functional>
 #include <optional>
 
+class QLineEdit;
+class QPushButton;
 class QVBoxLayout;
 
 namespace quorvel {
@@ -46,8 +47,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    platform::MessageLine* addMessage(QVBoxLayout& layout, platform::MessageLine::Kind kind,
-                                      int fontSize);
+    platform::Label* addMessage(QVBoxLayout& layout, platform::Label::Tone tone, int fontSize);
+    void makeSearchField();
+    QPushButton* makeButton(const QString& text, const char* name);
     void addSearch(QVBoxLayout& layout);
     void addWatchlist(QVBoxLayout& top, QVBoxLayout& sections);
     void addMessages(QVBoxLayout& layout);
@@ -61,17 +63,17 @@ private:
 
     AppModel& model_;
     std::function<void()> onOpenSettings_;
-    platform::MessageLine* warning_ = nullptr;
-    SearchField* search_ = nullptr;
+    platform::Label* warning_ = nullptr;
+    QLineEdit* search_ = nullptr;
     SearchResults* results_ = nullptr;
-    platform::MessageLine* emptyText_ = nullptr;
+    platform::Label* emptyText_ = nullptr;
     WatchlistRows* rows_ = nullptr;
     WatchlistList* list_ = nullptr;
-    platform::MessageLine* persistError_ = nullptr;
-    platform::MessageLine* loadError_ = nullptr;
-    platform::MessageLine* hint_ = nullptr;
-    QWidget* settings_ = nullptr;
-    QWidget* quit_ = nullptr;
+    platform::Label* persistError_ = nullptr;
+    platform::Label* loadError_ = nullptr;
+    platform::Label* hint_ = nullptr;
+    QPushButton* settings_ = nullptr;
+    QPushButton* quit_ = nullptr;
 };
 
 } // namespace quorvel

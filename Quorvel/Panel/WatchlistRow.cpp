@@ -3,6 +3,8 @@
 
 #include "Quorvel/Panel/WatchlistRow.h"
 
+#include "Platform/Appearance/SymbolIcon.h"
+#include "Platform/Appearance/SymbolImage.h"
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/ControlMarks.h"
@@ -19,6 +21,7 @@
 #include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QToolTip>
 
 #include <algorithm>
@@ -35,6 +38,8 @@ constexpr int columnSpacing = 10;
 constexpr int nameWidth = 64;
 constexpr int priceWidth = 104;
 constexpr int removeWidth = 14;
+constexpr int removeSide = 20; // what can be clicked
+constexpr int removeSymbolSize = 12;
 constexpr int sparklineInset = 8; // from the row's top and bottom
 constexpr int firstBaseline = 19;
 constexpr int secondBaseline = 35;
@@ -64,10 +69,13 @@ WatchlistRow::WatchlistRow(Symbol symbol, AppModel& model, std::function<void()>
       model_(model),
       onOpenSettings_(std::move(onOpenSettings)),
       sparkline_(new SparklineView(symbol_, model, this)),
-      removeButton_(new RemoveButton(this)) {
+      removeButton_(new QPushButton(this)) {
     const QString base = QString::fromStdString(symbol_.base);
     setObjectName(base);
     removeButton_->setAccessibleName(localized("Quorvel", "Remove %1").arg(base));
+    removeButton_->setFlat(true);
+    removeButton_->setIconSize({removeSymbolSize, removeSymbolSize});
+    removeButton_->resize(removeSide, removeSide);
     removeButton_->installEventFilter(this);
     connect(removeButton_, &QAbstractButton::clicked, this,
             [this] { model_.removeSymbol(symbol_); });
@@ -146,15 +154,32 @@ QString WatchlistRow::cutTexts() const {
 }
 
 bool WatchlistRow::eventFilter(QObject* object, QEvent* event) {
-    if (object == removeButton_ && event->type() == QEvent::FocusIn)
-        Q_EMIT focused();
-    return QWidget::eventFilter(object, event);
+    if (object != removeButton_)
+        return QWidget::eventFilter(object, event);
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        showRemoveButton();
+        if (removeButton_->hasFocus())
+            Q_EMIT focused();
+    } else if (event->type() == QEvent::KeyPress) {
+        // Arrows lead from row to row.
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        event->setAccepted(key != Qt::Key_Up && key != Qt::Key_Down);
+        return !event->isAccepted();
+    }
+    return false;
+}
+
+void WatchlistRow::showRemoveButton() {
+    const bool isShown = isHovering_ || removeButton_->hasFocus();
+    if (isShown == removeButton_->icon().isNull())
+        removeButton_->setIcon(isShown ? platform::symbolIcon(QStringLiteral("minus-circle"))
+                                       : QIcon());
 }
 
 void WatchlistRow::setHovering(bool isHovering) {
     if (std::exchange(isHovering_, isHovering) == isHovering)
         return;
-    removeButton_->setRevealed(isHovering);
+    showRemoveButton();
     update();
 }
 

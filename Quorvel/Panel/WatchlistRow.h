@@ -4,12 +4,13 @@
 #pragma once
 
 #include "Quorvel/Model/AppModel.h"
-#include "Quorvel/Panel/RemoveButton.h"
 #include "Quorvel/Panel/SparklineView.h"
 
 #include <QWidget>
 
 #include <functional>
+
+class QPushButton;
 
 namespace quorvel {
 
@@ -48,7 +49,8 @@ public:
     /// And besides: whether it is pinned, whether alerts are set.
     QString spokenDescription() const;
 
-    RemoveButton& removeButton() const { return *removeButton_; }
+    /// What else the keyboard reaches here.
+    QPushButton& removeButton() const { return *removeButton_; }
 
 Q_SIGNALS:
     /// The row or its button has the keyboard now.
@@ -79,6 +81,7 @@ private:
     std::optional<ShownQuote> currentQuote() const;
     bool hasEnabledAlert() const;
     void setHovering(bool isHovering);
+    void showRemoveButton();
     QString cutTexts() const;
     double nameRoom() const;
     QRect nameColumn() const;
@@ -92,7 +95,7 @@ private:
     std::function<void()> onOpenSettings_;
     std::size_t index_ = 0;
     SparklineView* sparkline_;
-    RemoveButton* removeButton_;
+    QPushButton* removeButton_;
     std::optional<ShownQuote> painted_;
     bool isHovering_ = false;
     bool isLifted_ = false;

@@ -24,8 +24,6 @@ WatchlistRows::WatchlistRows(AppModel& model, std::function<void()> onOpenSettin
     : QWidget(parent), model_(model), onOpenSettings_(std::move(onOpenSettings)) {
     setObjectName(QStringLiteral("watchlist"));
     setAccessibleName(platform::localized("Quorvel", "Watchlist"));
-    dragTimer_.setInterval(dragStep);
-    connect(&dragTimer_, &QTimer::timeout, this, &WatchlistRows::moveDrag);
     followStores();
 }
 
@@ -187,7 +185,12 @@ void WatchlistRows::beginDrag() {
                     .pointer = pressedAt_->y()};
     rows_[drag_->from]->setLifted(true);
     rows_[drag_->from]->raise();
-    dragTimer_.start();
+    takeDragStep();
+}
+
+void WatchlistRows::takeDragStep() {
+    moveDrag();
+    dragStep_ = model_.clock().startTimer(dragStep, [this] { takeDragStep(); });
 }
 
 void WatchlistRows::moveDrag() {
@@ -206,7 +209,7 @@ void WatchlistRows::endDrag(bool isDropped) {
     if (!drag_)
         return;
     const RowDrag drag = *std::exchange(drag_, std::nullopt);
-    dragTimer_.stop();
+    dragStep_.reset();
     rows_[drag.from]->setLifted(false);
     layOut();
     const std::size_t to = drag.target();

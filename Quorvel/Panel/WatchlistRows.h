@@ -8,10 +8,10 @@
 #include "Quorvel/Panel/WatchlistRow.h"
 
 #include <QPointer>
-#include <QTimer>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -78,6 +78,7 @@ private:
     void repaintRows();
     void beginDrag();
     void moveDrag();
+    void takeDragStep();
     void endDrag(bool isDropped);
 
     AppModel& model_;
@@ -89,7 +90,8 @@ private:
     std::optional<QPoint> pressedAt_; ///< a drag may begin here
     QPoint pointer_;                  ///< global
     std::optional<RowDrag> drag_;
-    QTimer dragTimer_; ///< lets the list scroll on while the pointer rests at its edge
+    /// Lets the list scroll on while the pointer rests at its edge.
+    std::unique_ptr<platform::ClockTimer> dragStep_;
 };
 
 } // namespace quorvel

@@ -4,13 +4,18 @@
 #include "Quorvel/Settings/AlertForm.h"
 
 #include "Platform/Appearance/SystemFonts.h"
+#include "Platform/Controls/ControlStyle.h"
+#include "Platform/Controls/Label.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormCard.h"
 #include "Quorvel/Settings/FormFonts.h"
-#include "Quorvel/Settings/FormRow.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -18,14 +23,11 @@
 namespace quorvel {
 
 using platform::localized;
-using platform::Picker;
-using platform::TextLine;
 
 namespace {
 
-constexpr int verticalInset = 12;
-constexpr int columnSpacing = 12;
-constexpr int lineSpacing = 6; // and the margins that hold the focus marks
+constexpr int spacing = 12;
+constexpr int captionSpacing = 4;
 
 } // namespace
 
@@ -42,32 +44,24 @@ AlertForm::AlertForm(AppModel& model, QWidget* parent) : QWidget(parent), model_
 }
 
 void AlertForm::makeControls() {
-    using platform::PushButton;
     setFont(platform::systemFont(FormFonts::label));
-    coin_ = new Picker(this);
-    condition_ = makePicker(labelledCases<AlertConditionKind>());
-    condition_->setParent(this);
-    threshold_ = new platform::TextField(this);
-    threshold_->setFixedWidth(Picker::preferredWidth);
-    repeat_ = new platform::CheckBox(localized("Quorvel", "Repeat"), this);
-    add_ = new PushButton(localized("Quorvel", "Add"), PushButton::Kind::prominent, this);
-    for (QWidget* const control : {static_cast<QWidget*>(coin_), static_cast<QWidget*>(condition_),
-                                   static_cast<QWidget*>(threshold_),
-                                   static_cast<QWidget*>(repeat_), static_cast<QWidget*>(add_)})
-        control->setFont(font());
+    coin_ = new QComboBox;
+    condition_ = makeComboBox(labelledCases<AlertConditionKind>());
+    threshold_ = new QLineEdit;
+    repeat_ = new QCheckBox(localized("Quorvel", "Repeat"));
+    add_ = new QPushButton(localized("Quorvel", "Add"));
+    add_->setDefault(true); // what the form is for
 }
 
 void AlertForm::layOut() {
-    const int overhanging = overhang(*coin_);
     auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(FormCard::inset - overhanging, verticalInset,
-                             FormCard::inset - overhanging, verticalInset - overhanging);
-    grid->setHorizontalSpacing(columnSpacing - 2 * overhanging);
+    grid->setContentsMargins(FormCard::inset, spacing, FormCard::inset, spacing);
+    grid->setHorizontalSpacing(spacing);
     grid->setVerticalSpacing(0);
     addLabelled(*grid, 0, localized("Quorvel", "Coin"), coin_);
     addLabelled(*grid, 1, localized("Quorvel", "Condition"), condition_);
-    grid->setRowMinimumHeight(2, lineSpacing);
-    grid->addWidget(threshold_, 3, 0, Qt::AlignCenter);
+    grid->setRowMinimumHeight(2, spacing);
+    grid->addWidget(threshold_, 3, 0);
     auto* const actions = new QHBoxLayout;
     actions->addWidget(repeat_);
     actions->addStretch();
@@ -76,12 +70,18 @@ void AlertForm::layOut() {
 }
 
 void AlertForm::addLabelled(QGridLayout& grid, int column, const QString& label, QWidget* control) {
-    auto* const caption = new TextLine(label, TextLine::Strength::secondary, this);
-    caption->setFont(platform::systemFont(FormFonts::caption));
-    caption->setContentsMargins(overhang(*control), 0, 0, 1);
+    using platform::Label;
+    auto* const caption = new Label(Label::Tone::secondary, FormFonts::caption);
+    caption->setText(label);
+    caption->setContentsMargins(0, 0, 0, captionSpacing);
+    caption->setBuddy(control);
     control->setAccessibleName(label);
     grid.addWidget(caption, 0, column);
     grid.addWidget(control, 1, column);
+}
+
+QWidget& AlertForm::firstControl() const {
+    return *coin_;
 }
 
 std::optional<Symbol> AlertForm::selectedSymbol() const {
@@ -124,9 +124,9 @@ void AlertForm::listCoins() {
 }
 
 void AlertForm::refresh() {
-    const QString prompt = isPercentage(kind()) ? localized("Quorvel", "Threshold (%)")
-                                                : localized("Quorvel", "Threshold");
-    threshold_->setPrompt(prompt);
+    platform::ControlStyle::setPrompt(*threshold_, isPercentage(kind())
+                                                       ? localized("Quorvel", "Threshold (%)")
+                                                       : localized("Quorvel", "Threshold"));
     QString missing;
     if (!selectedSymbol())
         missing = localized("Quorvel", "Choose a coin first");

@@ -4,10 +4,6 @@
 #pragma once
 
 #include "Platform/Async/TaskScope.h"
-#include "Platform/Controls/CheckBox.h"
-#include "Platform/Controls/Picker.h"
-#include "Platform/Controls/PushButton.h"
-#include "Platform/Controls/TextField.h"
 #include "Quorvel/Model/AppModel.h"
 #include "QuorvelKit/MarketModel/Decimal.h"
 
@@ -16,7 +12,11 @@
 #include <optional>
 #include <vector>
 
+class QCheckBox;
+class QComboBox;
 class QGridLayout;
+class QLineEdit;
+class QPushButton;
 
 namespace quorvel {
 
@@ -38,7 +38,7 @@ public:
     void focusThreshold();
 
     /// The first control that the keyboard reaches.
-    QWidget& firstControl() const { return *coin_; }
+    QWidget& firstControl() const;
 
 private:
     void makeControls();
@@ -51,11 +51,11 @@ private:
     void add();
 
     AppModel& model_;
-    platform::Picker* coin_ = nullptr;
-    platform::Picker* condition_ = nullptr;
-    platform::TextField* threshold_ = nullptr;
-    platform::CheckBox* repeat_ = nullptr;
-    platform::PushButton* add_ = nullptr;
+    QComboBox* coin_ = nullptr;
+    QComboBox* condition_ = nullptr;
+    QLineEdit* threshold_ = nullptr;
+    QCheckBox* repeat_ = nullptr;
+    QPushButton* add_ = nullptr;
     std::vector<Symbol> coins_; ///< as listed behind the item that means none
     platform::TaskScope requests_;
 };

@@ -3,20 +3,21 @@
 
 #include "Quorvel/Settings/AlertRow.h"
 
-#include "Platform/Appearance/SystemFonts.h"
+#include "Platform/Appearance/SymbolIcon.h"
+#include "Platform/Controls/ControlStyle.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/FormCard.h"
 #include "Quorvel/Settings/FormFonts.h"
-#include "Quorvel/Settings/FormRow.h"
 
 #include <QBoxLayout>
+#include <QCheckBox>
+#include <QPushButton>
 
 namespace quorvel {
 
+using platform::ControlStyle;
+using platform::Label;
 using platform::localized;
-using platform::PlainButton;
-using platform::Switch;
-using platform::TextLine;
 
 namespace {
 
@@ -37,24 +38,33 @@ QString wording(const AlertRule& rule) {
     return QString::fromStdString(rule.symbol.base) + u' ' + rule.condition.description();
 }
 
+/// The closest widget before `widget` that the keyboard reaches.
+QWidget* stopBefore(QWidget& widget) {
+    QWidget* before = widget.previousInFocusChain();
+    while (!(before->focusPolicy() & Qt::TabFocus) && before != &widget)
+        before = before->previousInFocusChain();
+    return before;
+}
+
 } // namespace
 
 AlertRow::AlertRow(AlertStore& alerts, const AlertRule& rule, QWidget* parent)
     : QWidget(parent),
       id_(rule.id),
-      control_(new Switch(this)),
-      text_(new TextLine({}, TextLine::Strength::primary, this)),
-      state_(new TextLine({}, TextLine::Strength::tertiary, this)),
-      remove_(new PlainButton({}, this)) {
-    text_->setFont(platform::systemFont(FormFonts::label));
-    state_->setFont(platform::systemFont(FormFonts::caption));
-    remove_->setSymbol(platform::SymbolImage(QStringLiteral("trash")), trashSize);
+      control_(new QCheckBox(this)),
+      text_(new Label(Label::Tone::primary, FormFonts::label, this)),
+      state_(new Label(Label::Tone::tertiary, FormFonts::caption, this)),
+      remove_(new QPushButton(this)) {
+    ControlStyle::makeSwitch(*control_);
+    remove_->setFlat(true);
+    remove_->setIcon(platform::symbolIcon(QStringLiteral("trash")));
+    remove_->setIconSize({trashSize, trashSize});
     remove_->setToolTip(localized("Quorvel", "Delete"));
     layOut();
     show(rule);
-    connect(control_, &QAbstractButton::toggled, this,
+    connect(control_, &QCheckBox::toggled, this,
             [this, &alerts](bool isOn) { alerts.setEnabled(isOn, id_); });
-    connect(remove_, &QAbstractButton::clicked, this, [this, &alerts] { alerts.remove(id_); });
+    connect(remove_, &QPushButton::clicked, this, [this, &alerts] { alerts.remove(id_); });
 }
 
 void AlertRow::layOut() {
@@ -65,15 +75,12 @@ void AlertRow::layOut() {
     texts->addWidget(state_);
     texts->addStretch();
     auto* const line = new QHBoxLayout(this);
-    const int overhanging = overhang(*control_);
-    line->setContentsMargins(FormCard::inset - overhanging, 0,
-                             FormCard::inset - PlainButton::horizontalPadding, 0);
-    line->setSpacing(0);
+    line->setContentsMargins(FormCard::inset, 0, FormCard::inset - ControlStyle::flatButtonPadding,
+                             0);
+    line->setSpacing(spacing);
     line->addStrut(preferredHeight);
     line->addWidget(control_);
-    line->addSpacing(spacing - overhanging);
     line->addLayout(texts, 1);
-    line->addSpacing(spacing - PlainButton::horizontalPadding);
     line->addWidget(remove_);
 }
 
@@ -84,10 +91,15 @@ void AlertRow::show(const AlertRule& rule) {
     control_->setAccessibleDescription(state(rule));
     remove_->setAccessibleName(localized("Quorvel", "Delete %1").arg(text));
     text_->setText(text);
-    text_->setStrength(rule.isEnabled ? TextLine::Strength::primary
-                                      : TextLine::Strength::secondary);
+    text_->setTone(rule.isEnabled ? Label::Tone::primary : Label::Tone::secondary);
     state_->setText(state(rule));
     state_->setVisible(!state_->text().isEmpty());
+}
+
+void AlertRow::putInFocusOrder(QWidget& next) {
+    if (QWidget* const before = stopBefore(next); before != remove_)
+        setTabOrder(before, control_);
+    setTabOrder(control_, remove_);
 }
 
 } // namespace quorvel

@@ -3,12 +3,13 @@
 
 #pragma once
 
-#include "Platform/Controls/PlainButton.h"
-#include "Platform/Controls/Switch.h"
-#include "Platform/Controls/TextLine.h"
+#include "Platform/Controls/Label.h"
 #include "QuorvelKit/Alerts/AlertStore.h"
 
 #include <QWidget>
+
+class QCheckBox;
+class QPushButton;
 
 namespace quorvel {
 
@@ -27,17 +28,17 @@ public:
     /// Shows what the rule is like now.
     void show(const AlertRule& rule);
 
-    platform::Switch& control() const { return *control_; }
-    platform::PlainButton& remove() const { return *remove_; }
+    /// Has the keyboard come to the row right before `next`.
+    void putInFocusOrder(QWidget& next);
 
 private:
     void layOut();
 
     QUuid id_;
-    platform::Switch* control_;
-    platform::TextLine* text_;
-    platform::TextLine* state_;
-    platform::PlainButton* remove_;
+    QCheckBox* control_;
+    platform::Label* text_;
+    platform::Label* state_;
+    QPushButton* remove_;
 };
 
 } // namespace quorvel

@@ -8,23 +8,13 @@
 
 namespace quorvel {
 
+using platform::Label;
 using platform::localized;
-using platform::MessageLine;
-using platform::Reveal;
-using Kind = platform::MessageLine::Kind;
 
 namespace {
 
 constexpr int messageInset = 10;
 constexpr int emptyTextInset = 14;
-
-/// The closest widget before `widget` that the keyboard reaches.
-QWidget* stopBefore(QWidget& widget) {
-    QWidget* before = widget.previousInFocusChain();
-    while (!(before->focusPolicy() & Qt::TabFocus) && before != &widget)
-        before = before->previousInFocusChain();
-    return before;
-}
 
 } // namespace
 
@@ -32,9 +22,9 @@ AlertsSection::AlertsSection(AppModel& model, QWidget* parent)
     : FormSection(localized("Quorvel", "Alerts"), parent),
       model_(model),
       form_(new AlertForm(model)) {
-    permission_ = addMessage(Kind::warning);
-    deliveryError_ = addMessage(Kind::error);
-    persistError_ = addMessage(Kind::error);
+    permission_ = addNotice(Label::Tone::warning);
+    deliveryError_ = addNotice(Label::Tone::error);
+    persistError_ = addNotice(Label::Tone::error);
     addEmptyText();
     card().addRow(form_);
     followModel();
@@ -42,21 +32,20 @@ AlertsSection::AlertsSection(AppModel& model, QWidget* parent)
     refreshRows();
 }
 
-AlertsSection::Message AlertsSection::addMessage(Kind kind) {
-    auto* const notice = new Notice(kind);
+Notice* AlertsSection::addNotice(Label::Tone tone) {
+    auto* const notice = new Notice(tone);
     notice->setContentsMargins(FormCard::inset, messageInset, FormCard::inset, messageInset);
-    auto* const reveal = new Reveal(notice);
-    card().addRow(reveal);
-    return {notice, reveal};
+    card().addRow(notice);
+    return notice;
 }
 
 void AlertsSection::addEmptyText() {
-    auto* const text = new MessageLine(Kind::secondary, FormFonts::caption);
+    auto* const text = new Label(Label::Tone::secondary, FormFonts::caption);
     text->setText(
         localized("Quorvel", "No alerts yet. Add one below, or right-click a coin in the panel."));
     text->setContentsMargins(FormCard::inset, emptyTextInset, FormCard::inset, emptyTextInset);
-    emptyText_ = new Reveal(text);
-    card().addRow(emptyText_);
+    emptyText_ = text;
+    card().addRow(text);
 }
 
 void AlertsSection::followModel() {
@@ -75,48 +64,45 @@ void AlertsSection::followModel() {
 
 void AlertsSection::refreshMessages() {
     const NotificationCoordinator& notifications = model_.notifications();
-    const auto show = [](const Message& message, const std::optional<QString>& text) {
-        setMessage(*message.reveal, *message.notice, text);
-    };
     const bool isOff = notifications.hasRequestedAuthorization() && !notifications.isAuthorized();
-    show(permission_, isOff ? std::optional(localized(
-                                  "Quorvel", "Notifications are off, so alerts can't be delivered. "
-                                             "Allow Quorvel in System Settings → Notifications."))
-                            : std::nullopt);
-    show(deliveryError_, notifications.lastDeliveryError());
-    show(persistError_, model_.alerts().lastPersistError());
+    permission_->setMessage(
+        isOff ? std::optional(localized("Quorvel",
+                                        "Notifications are off, so alerts can't be delivered. "
+                                        "Allow Quorvel in System Settings → Notifications."))
+              : std::nullopt);
+    deliveryError_->setMessage(notifications.lastDeliveryError());
+    persistError_->setMessage(model_.alerts().lastPersistError());
 }
 
 void AlertsSection::refreshRows() {
     const auto& rules = model_.alerts().rules();
+    const auto drop = [this](auto row) {
+        // Its own button may be what deleted it.
+        (*row)->hide();
+        (*row)->deleteLater();
+        return rows_.erase(row);
+    };
     // Rules keep their order, and new ones come last: what stands in between has been deleted.
     auto row = rows_.begin();
     for (const AlertRule& rule : rules) {
-        while (row != rows_.end() && row->row->id() != rule.id) {
-            row->reveal->dismiss();
-            row = rows_.erase(row);
-        }
+        while (row != rows_.end() && (*row)->id() != rule.id)
+            row = drop(row);
         if (row == rows_.end())
             row = rows_.insert(row, makeRow(rule));
         else
-            row->row->show(rule);
+            (*row)->show(rule);
         ++row;
     }
-    for (; row != rows_.end(); row = rows_.erase(row))
-        row->reveal->dismiss();
-    emptyText_->setRevealed(rules.empty());
+    while (row != rows_.end())
+        row = drop(row);
+    emptyText_->setVisible(rules.empty());
 }
 
-AlertsSection::Row AlertsSection::makeRow(const AlertRule& rule) {
+AlertRow* AlertsSection::makeRow(const AlertRule& rule) {
     auto* const row = new AlertRow(model_.alerts(), rule);
-    auto* const reveal = new Reveal(row);
-    card().insertRow(reveal, form_);
-    QWidget& next = form_->firstControl();
-    if (QWidget* const before = stopBefore(next); before != &row->remove())
-        QWidget::setTabOrder(before, &row->control());
-    QWidget::setTabOrder(&row->control(), &row->remove());
-    reveal->setRevealed(true);
-    return {row, reveal};
+    card().insertRow(row, form_);
+    row->putInFocusOrder(form_->firstControl());
+    return row;
 }
 
 void AlertsSection::takePendingSymbol() {
@@ -124,8 +110,8 @@ void AlertsSection::takePendingSymbol() {
     if (!pending)
         return;
     form_->select(pending);
+    form_->focusThreshold();
     model_.setPendingAlertSymbol(std::nullopt);
-    Q_EMIT pairTakenOver();
 }
 
 } // namespace quorvel

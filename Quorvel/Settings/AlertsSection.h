@@ -22,36 +22,24 @@ public:
     /// @param model must outlive the section
     explicit AlertsSection(AppModel& model, QWidget* parent = nullptr);
 
-    AlertForm& form() const { return *form_; }
-
-Q_SIGNALS:
-    /// A pair has been handed over: the user is about to add an alert for it.
-    void pairTakenOver();
+    /// The form for a new alert.
+    const QWidget& form() const { return *form_; }
 
 private:
-    struct Message {
-        Notice* notice = nullptr;
-        platform::Reveal* reveal = nullptr;
-    };
-    struct Row {
-        AlertRow* row;
-        platform::Reveal* reveal;
-    };
-
-    Message addMessage(platform::MessageLine::Kind kind);
+    Notice* addNotice(platform::Label::Tone tone);
     void addEmptyText();
     void followModel();
     void refreshMessages();
     void refreshRows();
-    Row makeRow(const AlertRule& rule);
+    AlertRow* makeRow(const AlertRule& rule);
     void takePendingSymbol();
 
     AppModel& model_;
-    Message permission_;
-    Message deliveryError_;
-    Message persistError_;
-    platform::Reveal* emptyText_ = nullptr;
-    std::vector<Row> rows_;
+    Notice* permission_ = nullptr;
+    Notice* deliveryError_ = nullptr;
+    Notice* persistError_ = nullptr;
+    QWidget* emptyText_ = nullptr;
+    std::vector<AlertRow*> rows_;
     AlertForm* form_;
 };
 

@@ -3,11 +3,15 @@
 
 #include "Quorvel/Settings/AppearanceSection.h"
 
+#include "Platform/Controls/AccessibleRole.h"
 #include "Platform/Controls/ControlMarks.h"
-#include "Platform/Controls/RadioGroup.h"
+#include "Platform/Controls/ControlStyle.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormRow.h"
+
+#include <QRadioButton>
+#include <QVBoxLayout>
 
 namespace quorvel {
 
@@ -21,19 +25,15 @@ constexpr int radioInset = 6;
 
 AppearanceSection::AppearanceSection(SettingsStore& settings, QWidget* parent)
     : FormSection(localized("Quorvel", "Appearance"), parent) {
-    addTheme(settings);
-    addColorScheme(settings);
-    addChartPeriod(settings);
-}
-
-void AppearanceSection::addTheme(SettingsStore& settings) {
-    const auto modes = labelledCases<AppearanceMode>();
-    auto* const picker = makePicker(modes);
-    card().addRow(new FormRow(localized("Quorvel", "Theme"), picker));
-    bindChoices(
-        *picker, modes, settings, &SettingsStore::appearanceChanged,
+    auto* const theme = makeComboBox(
+        labelledCases<AppearanceMode>(), settings, &SettingsStore::appearanceChanged,
         [&settings] { return settings.appearance(); },
         [&settings](AppearanceMode mode) { settings.setAppearance(mode); });
+    card().addRow(new FormRow(localized("Quorvel", "Theme"), theme));
+    addColorScheme(settings);
+    card().addRow(new FormRow(
+        localized("Quorvel", "Chart period"),
+        makeComboBox(labelledCases<ChartPeriod>(), settings, &DisplaySettings::chartPeriod)));
 }
 
 void AppearanceSection::addColorScheme(SettingsStore& settings) {
@@ -41,20 +41,28 @@ void AppearanceSection::addColorScheme(SettingsStore& settings) {
         {PriceColorScheme::redUpGreenDown, localized("Quorvel", "Red up, green down")},
         {PriceColorScheme::greenUpRedDown, localized("Quorvel", "Green up, red down")},
     };
-    auto* const group = new platform::RadioGroup({schemes[0].second, schemes[1].second});
-    // Its left edge in line with that of the pickers.
+    auto* const group = new QWidget;
+    platform::setAccessibleRole(*group, QAccessible::Grouping);
+    // Its left edge in line with that of the combo boxes.
     constexpr int margin = platform::ControlMarks::ringMargin;
-    group->setContentsMargins(0, radioInset, margin, radioInset);
-    group->setFixedWidth(platform::Picker::preferredWidth + 2 * margin);
+    group->setFixedWidth(platform::ControlStyle::comboBoxWidth + margin);
+    auto* const lines = new QVBoxLayout(group);
+    lines->setContentsMargins(margin, radioInset, 0, radioInset);
+    lines->setSpacing(0);
+    for (const auto& [scheme, text] : schemes) {
+        auto* const button = new QRadioButton(text);
+        lines->addWidget(button);
+        const auto show = [&settings, button, scheme] {
+            button->setChecked(settings.display().colorScheme == scheme);
+        };
+        show();
+        connect(&settings, &SettingsStore::displayChanged, button, show);
+        connect(button, &QRadioButton::toggled, this, [&settings, scheme](bool isChosen) {
+            if (isChosen)
+                setField(settings, &DisplaySettings::colorScheme, scheme);
+        });
+    }
     card().addRow(new FormRow(localized("Quorvel", "Color scheme"), group));
-    bindDisplay(*group, schemes, settings, &DisplaySettings::colorScheme);
-}
-
-void AppearanceSection::addChartPeriod(SettingsStore& settings) {
-    const auto periods = labelledCases<ChartPeriod>();
-    auto* const picker = makePicker(periods);
-    card().addRow(new FormRow(localized("Quorvel", "Chart period"), picker));
-    bindDisplay(*picker, periods, settings, &DisplaySettings::chartPeriod);
 }
 
 } // namespace quorvel

@@ -17,9 +17,7 @@ public:
     explicit AppearanceSection(SettingsStore& settings, QWidget* parent = nullptr);
 
 private:
-    void addTheme(SettingsStore& settings);
     void addColorScheme(SettingsStore& settings);
-    void addChartPeriod(SettingsStore& settings);
 };
 
 } // namespace quorvel

@@ -3,17 +3,18 @@
 
 #pragma once
 
-#include "Platform/Controls/Picker.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
+#include <QComboBox>
 #include <QString>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 namespace quorvel {
 
-/// What a picker or a group of radio buttons offers, in the order shown.
+/// What a combo box or a group of radio buttons offers, in the order shown.
 template <typename Value>
 using Choices = std::vector<std::pair<Value, QString>>;
 
@@ -26,52 +27,54 @@ Choices<Value> labelledCases() {
     return choices;
 }
 
-/// Keeps a control with `currentIndex` and a value that is stored elsewhere at one: what the user
-/// chooses is written at once, and `changed` of `store` brings what was written by others.
+/// A combo box of these choices.
+template <typename Value>
+QComboBox* makeComboBox(const Choices<Value>& choices) {
+    auto* const box = new QComboBox;
+    for (const auto& choice : choices)
+        box->addItem(choice.second);
+    return box;
+}
+
+/// The same, which shows a value that is stored elsewhere: what the user chooses is written at
+/// once, and `changed` of `store` brings what was written by others.
 ///
-/// @param control already shows the texts of `choices`
-/// @param read    gives the stored value
-/// @param write   stores one
-template <typename Control, typename Value, typename Store>
-void bindChoices(Control& control, const Choices<Value>& choices, Store& store,
-                 void (Store::*changed)(), auto read, auto write) {
-    const auto show = [&control, choices, read] {
-        for (std::size_t i = 0; i < choices.size(); ++i) {
-            if (choices[i].first == read())
-                control.setCurrentIndex(static_cast<int>(i));
-        }
+/// @param read  gives the stored value
+/// @param write stores one
+template <typename Value, typename Store>
+QComboBox* makeComboBox(const Choices<Value>& choices, Store& store, void (Store::*changed)(),
+                        auto read, auto write) {
+    QComboBox* const box = makeComboBox(choices);
+    const auto show = [box, choices, read] {
+        const auto found = std::ranges::find(choices, read(), &Choices<Value>::value_type::first);
+        box->setCurrentIndex(static_cast<int>(found - choices.begin()));
     };
     show();
-    QObject::connect(&store, changed, &control, show);
-    QObject::connect(&control, &Control::currentIndexChanged, &control,
-                     [choices, read, write](int index) {
-                         const Value chosen = choices.at(static_cast<std::size_t>(index)).first;
-                         if (chosen != read())
-                             write(chosen);
-                     });
+    QObject::connect(&store, changed, box, show);
+    QObject::connect(box, &QComboBox::activated, box, [choices, read, write](int index) {
+        const Value chosen = choices.at(static_cast<std::size_t>(index)).first;
+        if (chosen != read())
+            write(chosen);
+    });
+    return box;
 }
 
-/// The same for one field of the display settings.
-template <typename Control, typename Value>
-void bindDisplay(Control& control, const Choices<Value>& choices, SettingsStore& settings,
-                 Value DisplaySettings::* field) {
-    bindChoices(
-        control, choices, settings, &SettingsStore::displayChanged,
-        [&settings, field] { return settings.display().*field; },
-        [&settings, field](Value value) {
-            DisplaySettings display = settings.display();
-            display.*field = value;
-            settings.setDisplay(display);
-        });
-}
-
-/// A picker of these choices.
+/// Writes one field of the display settings, where that changes it.
 template <typename Value>
-platform::Picker* makePicker(const Choices<Value>& choices) {
-    auto* const picker = new platform::Picker;
-    for (const auto& choice : choices)
-        picker->addItem(choice.second);
-    return picker;
+void setField(SettingsStore& settings, Value DisplaySettings::* field, Value value) {
+    DisplaySettings display = settings.display();
+    if (std::exchange(display.*field, value) != value)
+        settings.setDisplay(display);
+}
+
+/// A combo box for one field of the display settings.
+template <typename Value>
+QComboBox* makeComboBox(const Choices<Value>& choices, SettingsStore& settings,
+                        Value DisplaySettings::* field) {
+    return makeComboBox(
+        choices, settings, &SettingsStore::displayChanged,
+        [&settings, field] { return settings.display().*field; },
+        [&settings, field](Value value) { setField(settings, field, value); });
 }
 
 } // namespace quorvel

@@ -5,6 +5,7 @@
 
 #include "Platform/Appearance/SystemColors.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -31,6 +32,13 @@ void FormCard::insertRow(QWidget* row, QWidget* next) {
     row->stackUnder(next);
 }
 
+bool FormCard::event(QEvent* event) {
+    // The hairlines stand between the rows that are there.
+    if (event->type() == QEvent::LayoutRequest)
+        update();
+    return QWidget::event(event);
+}
+
 void FormCard::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const auto colors = platform::SystemColors::of(palette());
@@ -44,7 +52,7 @@ void FormCard::paintEvent(QPaintEvent*) {
     bool isFirst = true;
     for (int i = 0; i < rows_->count(); ++i) {
         const QWidget& row = *rows_->itemAt(i)->widget();
-        if (!row.isVisibleTo(this) || row.height() == 0)
+        if (!row.isVisibleTo(this))
             continue;
         if (!isFirst)
             painter.fillRect(QRectF(inset, row.y(), width() - 2 * inset, line), colors.separator);

@@ -27,6 +27,7 @@ public:
     void insertRow(QWidget* row, QWidget* next);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

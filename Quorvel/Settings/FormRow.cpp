@@ -11,8 +11,7 @@
 
 namespace quorvel {
 
-using platform::Reveal;
-using platform::TextLine;
+using platform::Label;
 
 namespace {
 
@@ -23,13 +22,14 @@ constexpr int hintBottom = 10;
 
 FormRow::FormRow(const QString& label, QWidget* control, QWidget* parent)
     : QWidget(parent),
-      label_(new TextLine({}, TextLine::Strength::primary, this)),
+      label_(new Label(Label::Tone::primary, FormFonts::label, this)),
       control_(control),
       lines_(new QVBoxLayout(this)) {
-    label_->setFont(platform::systemFont(FormFonts::label));
+    label_->setWordWrap(false);
+    label_->setBuddy(control);
     control->setFont(label_->font());
     auto* const line = new QHBoxLayout;
-    line->setContentsMargins(FormCard::inset, 0, FormCard::inset - overhang(*control), 0);
+    line->setContentsMargins(FormCard::inset, 0, FormCard::inset, 0);
     line->setSpacing(spacing);
     line->addStrut(preferredHeight);
     line->addWidget(label_, 1);
@@ -47,20 +47,15 @@ void FormRow::setLabel(const QString& label) {
 
 void FormRow::makeCaption() {
     label_->setFont(platform::systemFont(FormFonts::caption));
-    label_->setStrength(TextLine::Strength::secondary);
+    label_->setTone(Label::Tone::secondary);
+    label_->setBuddy(nullptr);
     control_->setAccessibleName({});
     control_->setAccessibleDescription(label_->text());
 }
 
-Reveal* FormRow::addHint(QWidget* hint) {
+void FormRow::addHint(QWidget* hint) {
     hint->setContentsMargins(FormCard::inset, 0, FormCard::inset, hintBottom);
-    auto* const reveal = new Reveal(hint, this);
-    lines_->addWidget(reveal);
-    return reveal;
-}
-
-int overhang(const QWidget& control) {
-    return control.contentsMargins().right();
+    lines_->addWidget(hint);
 }
 
 } // namespace quorvel

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "Platform/Controls/Reveal.h"
-#include "Platform/Controls/TextLine.h"
+#include "Platform/Controls/Label.h"
 
 #include <QWidget>
 
@@ -28,16 +27,13 @@ public:
     /// The label only explains the control, which has a name of its own.
     void makeCaption();
 
-    /// Takes `hint` over and puts it below, where it is there while revealed.
-    platform::Reveal* addHint(QWidget* hint);
+    /// Takes `hint` over and puts it below.
+    void addHint(QWidget* hint);
 
 private:
-    platform::TextLine* label_;
+    platform::Label* label_;
     QWidget* control_;
     QVBoxLayout* lines_;
 };
-
-/// What of a control's width belongs to marks outside of what is seen of it, at its right side.
-int overhang(const QWidget& control);
 
 } // namespace quorvel

@@ -5,7 +5,7 @@
 
 #include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/AccessibleRole.h"
-#include "Platform/Controls/TextLine.h"
+#include "Platform/Controls/Label.h"
 
 #include <QVBoxLayout>
 
@@ -18,14 +18,15 @@ constexpr int titleSpacing = 8;
 
 } // namespace
 
-FormSection::FormSection(const QString& title, QWidget* parent)
-    : QWidget(parent), card_(new FormCard(this)) {
+FormSection::FormSection(const QString& title, QWidget* parent) : QWidget(parent) {
     platform::setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(title);
-    using platform::TextLine;
-    auto* const header = new TextLine(title, TextLine::Strength::secondary, this);
+    using platform::Label;
+    auto* const header = new Label(Label::Tone::secondary, titleSize, this);
+    header->setText(title);
     header->setFont(platform::systemFont(titleSize, QFont::DemiBold));
     header->setContentsMargins(FormCard::inset, 0, FormCard::inset, 0);
+    card_ = new FormCard(this);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(titleSpacing);

@@ -19,7 +19,7 @@ public:
     FormCard& card() const { return *card_; }
 
 private:
-    FormCard* card_;
+    FormCard* card_ = nullptr;
 };
 
 } // namespace quorvel

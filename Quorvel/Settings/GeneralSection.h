@@ -6,12 +6,6 @@
 #include "Quorvel/Model/AppModel.h"
 #include "Quorvel/Settings/FormSection.h"
 
-#include <functional>
-
-namespace platform {
-class Reveal;
-} // namespace platform
-
 namespace quorvel {
 
 /// The settings of language and launch at login.
@@ -19,19 +13,15 @@ class GeneralSection final : public FormSection {
     Q_OBJECT
 
 public:
-    /// @param model      must outlive the section
-    /// @param onRelaunch starts the program anew, for the language to take effect
-    GeneralSection(AppModel& model, std::function<void()> onRelaunch, QWidget* parent = nullptr);
+    /// @param model must outlive the section
+    explicit GeneralSection(AppModel& model, QWidget* parent = nullptr);
 
 private:
     void addLanguage();
     void addRestart();
     void addLaunchAtLogin();
-    void refreshRestart();
 
     AppModel& model_;
-    std::function<void()> onRelaunch_;
-    platform::Reveal* restart_ = nullptr;
 };
 
 } // namespace quorvel

@@ -3,30 +3,36 @@
 
 #include "Quorvel/Settings/MenuBarSection.h"
 
-#include "Platform/Controls/MessageLine.h"
-#include "Platform/Controls/Reveal.h"
-#include "Platform/Controls/Stepper.h"
-#include "Platform/Controls/Switch.h"
+#include "Platform/Controls/ControlStyle.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormFonts.h"
 #include "Quorvel/Settings/FormRow.h"
 
-#include <cmath>
+#include <QCheckBox>
+#include <QSpinBox>
 
 namespace quorvel {
 
 using platform::localized;
-using platform::MessageLine;
-using platform::Reveal;
-using platform::Stepper;
 
 namespace {
 
-MessageLine* makeHint(const QString& text) {
-    auto* const hint = new MessageLine(MessageLine::Kind::secondary, FormFonts::caption);
+QWidget* makeHint(const QString& text) {
+    using platform::Label;
+    auto* const hint = new Label(Label::Tone::secondary, FormFonts::caption);
     hint->setText(text);
     return hint;
+}
+
+QSpinBox* makeSpinBox(std::int64_t minimum, std::int64_t maximum) {
+    auto* const box = new QSpinBox;
+    box->setRange(static_cast<int>(minimum), static_cast<int>(maximum));
+    return box;
+}
+
+int wholeSeconds(const DisplaySettings& display) {
+    return static_cast<int>(display.rotationInterval().count());
 }
 
 } // namespace
@@ -49,39 +55,40 @@ void MenuBarSection::addDisplay() {
         {StatusBarDisplayMode::sideBySide, localized("Quorvel", "Side by side")},
         {StatusBarDisplayMode::fixed, localized("Quorvel", "Fixed one")},
     };
-    auto* const picker = makePicker(modes);
-    auto* const row = new FormRow(localized("Quorvel", "Display"), picker);
-    fixedHint_ = row->addHint(makeHint(
-        localized("Quorvel", "Shows the first pinned coin, or the first in your watchlist")));
+    auto* const row = new FormRow(localized("Quorvel", "Display"),
+                                  makeComboBox(modes, settings_, &DisplaySettings::mode));
+    fixedHint_ = makeHint(
+        localized("Quorvel", "Shows the first pinned coin, or the first in your watchlist"));
+    row->addHint(fixedHint_);
     card().addRow(row);
-    bindDisplay(*picker, modes, settings_, &DisplaySettings::mode);
 }
 
 void MenuBarSection::addRotation() {
-    rotation_ = new Stepper(DisplaySettings::minimumRotationInterval.count(),
-                            DisplaySettings::maximumRotationInterval.count());
+    rotation_ =
+        makeSpinBox(static_cast<std::int64_t>(DisplaySettings::minimumRotationInterval.count()),
+                    static_cast<std::int64_t>(DisplaySettings::maximumRotationInterval.count()));
     rotationRow_ = new FormRow({}, rotation_);
-    rotationReveal_ = new Reveal(rotationRow_);
-    card().addRow(rotationReveal_);
-    connect(rotation_, &Stepper::valueChanged, this, [this](double seconds) {
+    card().addRow(rotationRow_);
+    connect(rotation_, &QSpinBox::valueChanged, this, [this](int seconds) {
+        // A step changes the interval by one, and leaves what it has beyond whole seconds.
         DisplaySettings display = settings_.display();
-        display.setRotationInterval(platform::TimeInterval(seconds));
-        if (display != settings_.display())
-            settings_.setDisplay(display);
+        const int steps = seconds - wholeSeconds(display);
+        if (steps == 0)
+            return;
+        display.setRotationInterval(display.rotationInterval() + platform::TimeInterval(steps));
+        settings_.setDisplay(display);
     });
 }
 
 void MenuBarSection::addSideBySide() {
-    limit_ = new Stepper(DisplaySettings::minimumSideBySideLimit,
+    limit_ = makeSpinBox(DisplaySettings::minimumSideBySideLimit,
                          DisplaySettings::maximumSideBySideLimit);
     limitRow_ = new FormRow({}, limit_);
-    limitRow_->addHint(makeHint(localized("Quorvel", "Right-click a coin in the panel to pin it")))
-        ->setRevealed(true);
-    limitReveal_ = new Reveal(limitRow_);
-    card().addRow(limitReveal_);
-    connect(limit_, &Stepper::valueChanged, this, [this](double limit) {
+    limitRow_->addHint(makeHint(localized("Quorvel", "Right-click a coin in the panel to pin it")));
+    card().addRow(limitRow_);
+    connect(limit_, &QSpinBox::valueChanged, this, [this](int limit) {
         DisplaySettings display = settings_.display();
-        display.setSideBySideLimit(static_cast<std::int64_t>(limit));
+        display.setSideBySideLimit(limit);
         if (display != settings_.display())
             settings_.setDisplay(display);
     });
@@ -93,37 +100,33 @@ void MenuBarSection::addContent() {
         {StatusBarContent::priceOnly, localized("Quorvel", "Price only")},
         {StatusBarContent::changeOnly, localized("Quorvel", "Change only")},
     };
-    auto* const picker = makePicker(contents);
-    card().addRow(new FormRow(localized("Quorvel", "Content"), picker));
-    bindDisplay(*picker, contents, settings_, &DisplaySettings::content);
+    card().addRow(new FormRow(localized("Quorvel", "Content"),
+                              makeComboBox(contents, settings_, &DisplaySettings::content)));
 }
 
 void MenuBarSection::addSwitch(const QString& label, bool DisplaySettings::* field) {
-    auto* const control = new platform::Switch;
+    auto* const control = new QCheckBox;
+    platform::ControlStyle::makeSwitch(*control);
     card().addRow(new FormRow(label, control));
     const auto show = [this, control, field] { control->setChecked(settings_.display().*field); };
     show();
     connect(&settings_, &SettingsStore::displayChanged, control, show);
-    connect(control, &QAbstractButton::toggled, this, [this, field](bool isOn) {
-        DisplaySettings display = settings_.display();
-        display.*field = isOn;
-        if (display != settings_.display())
-            settings_.setDisplay(display);
-    });
+    connect(control, &QCheckBox::toggled, this,
+            [this, field](bool isOn) { setField(settings_, field, isOn); });
 }
 
 void MenuBarSection::refresh() {
     const DisplaySettings& display = settings_.display();
-    const double seconds = display.rotationInterval().count();
-    const std::int64_t limit = display.sideBySideLimit();
+    const int seconds = wholeSeconds(display);
+    const auto limit = static_cast<int>(display.sideBySideLimit());
     rotation_->setValue(seconds);
-    rotationRow_->setLabel(localized("Quorvel", "Rotation interval: %1s")
-                               .arg(QString::number(static_cast<int>(std::trunc(seconds)))));
-    limit_->setValue(static_cast<double>(limit));
+    rotationRow_->setLabel(
+        localized("Quorvel", "Rotation interval: %1s").arg(QString::number(seconds)));
+    limit_->setValue(limit);
     limitRow_->setLabel(localized("Quorvel", "Show up to %1").arg(QString::number(limit)));
-    rotationReveal_->setRevealed(display.mode == StatusBarDisplayMode::rotating);
-    fixedHint_->setRevealed(display.mode == StatusBarDisplayMode::fixed);
-    limitReveal_->setRevealed(display.mode == StatusBarDisplayMode::sideBySide);
+    rotationRow_->setVisible(display.mode == StatusBarDisplayMode::rotating);
+    fixedHint_->setVisible(display.mode == StatusBarDisplayMode::fixed);
+    limitRow_->setVisible(display.mode == StatusBarDisplayMode::sideBySide);
 }
 
 } // namespace quorvel

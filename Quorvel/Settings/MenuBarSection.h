@@ -6,11 +6,7 @@
 #include "Quorvel/Settings/FormSection.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
-namespace platform {
-class Reveal;
-class Stepper;
-class Switch;
-} // namespace platform
+class QSpinBox;
 
 namespace quorvel {
 
@@ -33,13 +29,11 @@ private:
     void refresh();
 
     SettingsStore& settings_;
-    platform::Reveal* fixedHint_ = nullptr;
+    QWidget* fixedHint_ = nullptr;
     FormRow* rotationRow_ = nullptr;
-    platform::Stepper* rotation_ = nullptr;
-    platform::Reveal* rotationReveal_ = nullptr;
+    QSpinBox* rotation_ = nullptr;
     FormRow* limitRow_ = nullptr;
-    platform::Stepper* limit_ = nullptr;
-    platform::Reveal* limitReveal_ = nullptr;
+    QSpinBox* limit_ = nullptr;
 };
 
 } // namespace quorvel

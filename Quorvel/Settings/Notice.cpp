@@ -8,10 +8,9 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QStyle>
 
 namespace quorvel {
-
-using platform::MessageLine;
 
 namespace {
 
@@ -20,27 +19,27 @@ constexpr int signSpacing = 6;
 
 } // namespace
 
-Notice::Notice(MessageLine::Kind kind, QWidget* parent)
-    : QWidget(parent), line_(new MessageLine(kind, FormFonts::caption, this)) {
+Notice::Notice(platform::Label::Tone tone, QWidget* parent)
+    : QWidget(parent), line_(new platform::Label(tone, FormFonts::caption, this)) {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(signSize + signSpacing, 0, 0, 0);
     layout->addWidget(line_);
+    hide();
+}
+
+void Notice::setMessage(const std::optional<QString>& message) {
+    line_->setMessage(message);
+    setVisible(message.has_value());
 }
 
 void Notice::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const double drop = (line_->fontMetrics().height() - signSize) / 2.0;
+    const QRectF sign = QStyle::visualRect(
+        layoutDirection(), rect(),
+        QRect(contentsRect().left(), line_->y() + qRound(drop), signSize, signSize));
     platform::SymbolImage(QStringLiteral("exclamation-triangle"))
-        .paint(painter,
-               QRectF(line_->x() - signSize - signSpacing, line_->y() + drop, signSize, signSize),
-               line_->palette().color(QPalette::WindowText));
-}
-
-void setMessage(platform::Reveal& reveal, Notice& notice, const std::optional<QString>& message) {
-    // The text stays while it goes.
-    if (message)
-        notice.setText(*message);
-    reveal.setRevealed(message.has_value());
+        .paint(painter, sign, line_->palette().color(QPalette::WindowText));
 }
 
 } // namespace quorvel

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "Platform/Controls/MessageLine.h"
-#include "Platform/Controls/Reveal.h"
+#include "Platform/Controls/Label.h"
 
 #include <QWidget>
 
@@ -12,24 +11,22 @@
 
 namespace quorvel {
 
-/// A message that something is wrong, with the sign for that before it.
+/// A message that something is wrong, with the sign for that before it; there while there is one.
 class Notice final : public QWidget {
     Q_OBJECT
 
 public:
-    /// @param kind warning or error
-    explicit Notice(platform::MessageLine::Kind kind, QWidget* parent = nullptr);
+    /// @param tone warning or error
+    explicit Notice(platform::Label::Tone tone, QWidget* parent = nullptr);
 
-    void setText(const QString& text) { line_->setText(text); }
+    /// Hides the notice where absent.
+    void setMessage(const std::optional<QString>& message);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    platform::MessageLine* line_;
+    platform::Label* line_;
 };
-
-/// Shows a message in the notice that `reveal` holds, or nothing where absent.
-void setMessage(platform::Reveal& reveal, Notice& notice, const std::optional<QString>& message);
 
 } // namespace quorvel

@@ -4,22 +4,22 @@
 #include "Quorvel/Settings/SettingsWindow.h"
 
 #include "Platform/Appearance/SystemColors.h"
-#include "Platform/Controls/OverlayScrollBar.h"
+#include "Platform/Controls/ControlStyle.h"
+#include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Settings/AlertsSection.h"
 #include "Quorvel/Settings/AppearanceSection.h"
 #include "Quorvel/Settings/GeneralSection.h"
 #include "Quorvel/Settings/MenuBarSection.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QScrollArea>
-#include <QTimer>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <utility>
 
 namespace quorvel {
-
-using platform::OverlayScrollBar;
 
 namespace {
 
@@ -31,18 +31,18 @@ constexpr int scrollStep = 40;
 
 } // namespace
 
-SettingsWindow::SettingsWindow(AppModel& model, std::function<void()> onRelaunch, QWidget* parent)
-    : QWidget(parent), model_(model) {
+SettingsWindow::SettingsWindow(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) {
     setFixedWidth(contentWidth);
     setMinimumHeight(minimumContentHeight);
     setMaximumHeight(maximumContentHeight);
-    makeScrollArea(makeForm(std::move(onRelaunch)));
+    makeScrollArea(makeForm());
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scrollArea_);
     connect(scrollArea_->verticalScrollBar(), &QScrollBar::rangeChanged, this,
             [this](int, int maximum) { keepEnd(maximum); });
-    connect(alerts_, &AlertsSection::pairTakenOver, this, &SettingsWindow::openAlertForm);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* focus) { followFocus(focus); });
 }
 
 void SettingsWindow::makeScrollArea(QWidget* form) {
@@ -52,8 +52,9 @@ void SettingsWindow::makeScrollArea(QWidget* form) {
     scrollArea_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // At all times, so that the cards keep their width.
     scrollArea_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    scrollArea_->setVerticalScrollBar(new OverlayScrollBar);
     scrollArea_->verticalScrollBar()->setSingleStep(scrollStep);
+    scrollArea_->verticalScrollBar()->setAccessibleName(
+        platform::localized("Quorvel", "Quorvel Settings"));
     scrollArea_->setWidgetResizable(true);
     scrollArea_->setWidget(form);
     // A scroll area gives itself and its widget a background of their own.
@@ -61,17 +62,22 @@ void SettingsWindow::makeScrollArea(QWidget* form) {
     form->setAutoFillBackground(false);
 }
 
-QWidget* SettingsWindow::makeForm(std::function<void()> onRelaunch) {
+QWidget* SettingsWindow::makeForm() {
     auto* const form = new QWidget;
-    auto* const sections = new QVBoxLayout(form);
-    sections->setContentsMargins(sideInset, topInset, sideInset - OverlayScrollBar::breadth,
-                                 bottomInset);
+    // The scroll bar stands beside the sections, at one side or the other.
+    constexpr int besideBar = sideInset - platform::ControlStyle::scrollBarBreadth;
+    auto* const line = new QHBoxLayout(form);
+    line->setContentsMargins(besideBar, topInset, besideBar, bottomInset);
+    line->setSpacing(0);
+    line->addSpacing(sideInset - besideBar);
+    auto* const sections = new QVBoxLayout;
+    line->addLayout(sections);
     sections->setSpacing(sectionSpacing);
     sections->addWidget(new MenuBarSection(model_.settings()));
     sections->addWidget(new AppearanceSection(model_.settings()));
     alerts_ = new AlertsSection(model_);
     sections->addWidget(alerts_);
-    sections->addWidget(new GeneralSection(model_, std::move(onRelaunch)));
+    sections->addWidget(new GeneralSection(model_));
     sections->addStretch();
     return form;
 }
@@ -84,21 +90,12 @@ void SettingsWindow::keepEnd(int maximum) {
         bar.setValue(maximum);
 }
 
-void SettingsWindow::openAlertForm() {
-    if (!isVisible()) {
-        opensAlertForm_ = true;
-        return;
-    }
-    opensAlertForm_ = false;
-    scrollArea_->ensureWidgetVisible(&alerts_->form(), 0, bottomInset);
-    alerts_->form().focusThreshold();
-}
-
-void SettingsWindow::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    // Nothing has its place yet.
-    if (opensAlertForm_)
-        QTimer::singleShot(0, this, &SettingsWindow::openAlertForm);
+void SettingsWindow::followFocus(QWidget* focus) {
+    // A pair handed over gives the form the keyboard, which it gets once the window is shown. What
+    // was clicked is in sight, and must not move away under the pointer.
+    if (focus && alerts_->form().isAncestorOf(focus) &&
+        QGuiApplication::mouseButtons() == Qt::NoButton)
+        scrollArea_->ensureWidgetVisible(focus, 0, bottomInset);
 }
 
 void SettingsWindow::paintEvent(QPaintEvent*) {

@@ -7,8 +7,6 @@
 
 #include <QWidget>
 
-#include <functional>
-
 class QScrollArea;
 
 namespace quorvel {
@@ -25,26 +23,22 @@ public:
     static constexpr int minimumContentHeight = 360;
     static constexpr int maximumContentHeight = 640;
 
-    /// @param model      must outlive the window
-    /// @param onRelaunch starts the program anew, for a changed language to take effect
-    SettingsWindow(AppModel& model, std::function<void()> onRelaunch, QWidget* parent = nullptr);
+    /// @param model must outlive the window
+    explicit SettingsWindow(AppModel& model, QWidget* parent = nullptr);
 
 protected:
-    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QWidget* makeForm(std::function<void()> onRelaunch);
+    QWidget* makeForm();
     void makeScrollArea(QWidget* form);
     void keepEnd(int maximum);
-    /// Scrolls to the form for a new alert and lets the user type into it.
-    void openAlertForm();
+    void followFocus(QWidget* focus);
 
     AppModel& model_;
     AlertsSection* alerts_ = nullptr;
     QScrollArea* scrollArea_ = nullptr;
-    int lastMaximum_ = 0;         ///< of the scroll bar
-    bool opensAlertForm_ = false; ///< once shown
+    int lastMaximum_ = 0; ///< of the scroll bar
 };
 
 } // namespace quorvel

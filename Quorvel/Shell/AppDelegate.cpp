@@ -79,7 +79,7 @@ AppDelegate::AppDelegate(const Environment& environment)
               .workspace = workspace_,
               .files = environment.files,
               .clock = environment.clock}),
-      appearance_(settings_, QDBusConnection::sessionBus()) {}
+      appearance_(settings_, QDBusConnection::sessionBus(), environment.clock) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -110,8 +110,7 @@ void AppDelegate::setUpPopover() {
 
 void AppDelegate::setUpSettingsWindow() {
     constexpr QSize contentSize(SettingsWindow::contentWidth, 400);
-    settingsWindow_ =
-        std::make_unique<SettingsWindow>(model_, [this] { model_.relaunchApplication(); });
+    settingsWindow_ = std::make_unique<SettingsWindow>(model_);
     settingsWindow_->setWindowFlags(Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                     Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     settingsWindow_->setWindowTitle(platform::localized("Quorvel", "Quorvel Settings"));

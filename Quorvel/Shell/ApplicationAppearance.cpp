@@ -5,6 +5,7 @@
 
 #include "Platform/Appearance/SystemAppearance.h"
 #include "Platform/Appearance/SystemColors.h"
+#include "Platform/Controls/ControlStyle.h"
 
 #include <QApplication>
 
@@ -13,19 +14,21 @@ namespace quorvel {
 using platform::Appearance;
 
 ApplicationAppearance::ApplicationAppearance(const SettingsStore& settings,
-                                             const QDBusConnection& bus)
+                                             const QDBusConnection& bus, platform::Clock& clock)
     : settings_(settings),
-      system_(std::make_unique<platform::SystemAppearance>(bus)),
+      system_(std::make_unique<platform::SystemAppearance>(bus, clock)),
       desktopPalette_(QApplication::palette()) {
     connect(&settings, &SettingsStore::appearanceChanged, this, &ApplicationAppearance::apply);
     connect(system_.get(), &platform::SystemAppearance::preferredChanged, this,
             &ApplicationAppearance::apply);
+    QApplication::setStyle(new platform::ControlStyle);
 }
 
 ApplicationAppearance::~ApplicationAppearance() = default;
 
 void ApplicationAppearance::apply() {
-    QApplication::setPalette(platform::systemPalette(current(), desktopPalette_));
+    QApplication::setPalette(
+        platform::systemPalette(current(), desktopPalette_, system_->wishes()));
 }
 
 Appearance ApplicationAppearance::current() const {

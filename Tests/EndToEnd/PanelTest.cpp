@@ -115,7 +115,7 @@ TEST_F(Panel, StartsAnewInTheLanguageThatIsChosen) {
     start(twoPairs);
     openPopover(item);
     clickOn(QStringLiteral("push button|Settings…|"));
-    ASSERT_TRUE(showsPart(QStringLiteral("combo box|Display|")));
+    ASSERT_TRUE(showsPart(QStringLiteral("label|Display|")));
     // From the first control back to the last but one.
     desktop_.press({QStringLiteral("shift+Tab"), QStringLiteral("shift+Tab"),
                     QStringLiteral("Down"), QStringLiteral("Down"), QStringLiteral("Tab")});

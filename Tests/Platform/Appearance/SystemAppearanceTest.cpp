@@ -4,14 +4,18 @@
 #include "Platform/Appearance/SystemAppearance.h"
 
 #include "Platform/Appearance/SystemColors.h"
+#include "Platform/Appearance/SystemFonts.h"
+#include "Tests/Support/ManualClock.h"
 #include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/WaitUntil.h"
 
+#include <QApplication>
+#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -24,30 +28,35 @@ namespace {
 const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 
-/// The part of a desktop's portal that tells its colour scheme.
+/// The part of a desktop's portal that tells how programs are to look. It knows no accent unless
+/// given one.
 class SettingsPortal : public QDBusVirtualObject {
 public:
-    SettingsPortal(QDBusConnection bus, uint scheme) : bus_(std::move(bus)), scheme_(scheme) {
+    SettingsPortal(QDBusConnection bus, QVariantMap values)
+        : bus_(std::move(bus)), values_(std::move(values)) {
         bus_.registerVirtualObject(portalPath, this);
         bus_.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
     }
 
-    int answerCount() const { return answerCount_; }
+    int readCount() const { return readCount_; }
 
-    void change(const char* key, uint scheme) {
+    void change(const char* key, const QVariant& value) {
         auto signal = QDBusMessage::createSignal(portalPath, settingsInterface,
                                                  QStringLiteral("SettingChanged"));
         signal.setArguments({QStringLiteral("org.freedesktop.appearance"), QString::fromLatin1(key),
-                             QVariant::fromValue(QDBusVariant(scheme))});
+                             QVariant::fromValue(QDBusVariant(value))});
         bus_.send(signal);
     }
 
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
-        if (message.arguments() != QVariantList{QStringLiteral("org.freedesktop.appearance"),
-                                                QStringLiteral("color-scheme")})
+        if (message.arguments().value(0) != QStringLiteral("org.freedesktop.appearance"))
             return false;
-        ++answerCount_;
-        const QVariant inner = QVariant::fromValue(QDBusVariant(scheme_));
+        ++readCount_;
+        const auto found = values_.find(message.arguments().value(1).toString());
+        if (found == values_.end())
+            return bus.send(message.createErrorReply(
+                QStringLiteral("org.freedesktop.portal.Error.NotFound"), QString()));
+        const QVariant inner = QVariant::fromValue(QDBusVariant(*found));
         return bus.send(message.createReply(QVariant::fromValue(QDBusVariant(inner))));
     }
 
@@ -55,9 +64,20 @@ public:
 
 private:
     QDBusConnection bus_;
-    uint scheme_;
-    int answerCount_ = 0;
+    QVariantMap values_;
+    int readCount_ = 0;
 };
+
+QVariant rgb(double red, double green, double blue) {
+    QDBusArgument parts;
+    parts.beginStructure();
+    parts << red << green << blue;
+    parts.endStructure();
+    return QVariant::fromValue(parts);
+}
+
+const QString schemeKey = QStringLiteral("color-scheme");
+constexpr int keyCount = 3; // scheme, accent, contrast
 
 struct Scheme {
     uint code;
@@ -68,22 +88,53 @@ class EachScheme : public testing::TestWithParam<Scheme> {};
 
 TEST_P(EachScheme, IsAskedForAndFollowed) {
     test::PrivateBus bus;
-    SettingsPortal portal(bus.connect(), GetParam().code);
-    SystemAppearance appearance(bus.connect());
-    ASSERT_TRUE(test::waitUntil([&] { return portal.answerCount() == 1; }));
+    test::ManualClock clock;
+    SettingsPortal portal(bus.connect(), {{schemeKey, GetParam().code}});
+    SystemAppearance appearance(bus.connect(), clock);
+    ASSERT_TRUE(test::waitUntil([&] { return portal.readCount() == keyCount; }));
     EXPECT_TRUE(test::waitUntil([&] { return appearance.preferred() == GetParam().appearance; }));
     QSignalSpy spy(&appearance, &SystemAppearance::preferredChanged);
-    portal.change("accent-color", 0);
+    portal.change("unheard-of", 0u);
     const uint other = GetParam().code == 1 ? 2 : 1;
     portal.change("color-scheme", other);
     portal.change("color-scheme", other);
     EXPECT_TRUE(test::waitUntil([&] { return spy.count() == 1; }));
     EXPECT_EQ(appearance.preferred(), other == 1 ? Appearance::dark : Appearance::light);
+    EXPECT_EQ(appearance.wishes(), DesktopWishes());
 }
 
 INSTANTIATE_TEST_SUITE_P(Schemes, EachScheme,
                          testing::Values(Scheme{1, Appearance::dark}, Scheme{2, Appearance::light},
                                          Scheme{0, std::nullopt}, Scheme{7, std::nullopt}));
+
+TEST(DesktopsWishes, ForAccentAndContrastAreFollowed) {
+    test::PrivateBus bus;
+    test::ManualClock clock;
+    SettingsPortal portal(bus.connect(), {{QStringLiteral("accent-color"), rgb(1, 0.5, 0)},
+                                          {QStringLiteral("contrast"), 1u}});
+    SystemAppearance appearance(bus.connect(), clock);
+    const DesktopWishes wishes{.accent = QColor::fromRgbF(1, 0.5F, 0), .wantsHighContrast = true};
+    EXPECT_TRUE(test::waitUntil([&] { return appearance.wishes() == wishes; }));
+    portal.change("accent-color", rgb(-1, -1, -1));
+    portal.change("contrast", 0u);
+    EXPECT_TRUE(test::waitUntil([&] { return appearance.wishes() == DesktopWishes(); }));
+}
+
+TEST(TheDesktopsFont, IsFollowedInItsFamilyAlone) {
+    constexpr int size = 14;
+    QWidget widget;
+    widget.setFont(systemFont(size, QFont::Medium));
+    const QFont before = QApplication::font();
+    QFont other(QStringLiteral("Some Other Family"));
+    other.setPointSize(40);
+    QApplication::setFont(other);
+    QEvent change(QEvent::ApplicationFontChange); // as sent once the event loop runs
+    QApplication::sendEvent(&widget, &change);
+    EXPECT_EQ(widget.font().family(), other.family());
+    EXPECT_EQ(widget.font().pixelSize(), size);
+    EXPECT_EQ(widget.font().weight(), QFont::Medium);
+    QApplication::setFont(before);
+}
 
 double luminance(const QColor& color) {
     const auto linear = [](float part) {
@@ -125,6 +176,20 @@ TEST_P(EachAppearance, KeepsTextReadable) {
         contrast(palette.color(QPalette::PlaceholderText), over(colors.field, colors.background)),
         4.5);
     EXPECT_GE(contrast(colors.accent, colors.background), 3.0);
+}
+
+TEST_P(EachAppearance, IsBlackAndWhiteWhereTheContrastIsToBeHigh) {
+    const QColor accent(255, 220, 0);
+    const QPalette palette =
+        systemPalette(GetParam(), QPalette(), {.accent = accent, .wantsHighContrast = true});
+    EXPECT_EQ(appearanceOf(palette), GetParam());
+    const auto colors = SystemColors::of(palette);
+    for (const QColor& color : {colors.secondaryLabel, colors.tertiaryLabel, colors.outline,
+                                colors.separator, colors.edge.value_or(QColor())})
+        EXPECT_EQ(contrast(color, colors.background), 21) << color.name().toStdString();
+    EXPECT_EQ(colors.accent, accent);
+    EXPECT_GE(contrast(palette.color(QPalette::HighlightedText), accent), 4.5);
+    EXPECT_FALSE(SystemColors::of(systemPalette(GetParam(), QPalette())).edge);
 }
 
 INSTANTIATE_TEST_SUITE_P(Appearances, EachAppearance,

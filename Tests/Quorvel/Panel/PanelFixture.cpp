@@ -3,10 +3,13 @@
 
 #include "Tests/Quorvel/Panel/PanelFixture.h"
 
+#include "Platform/Controls/ControlStyle.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 
 namespace test {
 
@@ -45,7 +48,8 @@ void PanelFixture::show(std::initializer_list<const char*> bases,
         provider_->pairs.finish();
         drainEvents();
     }
-    panel_ = new WatchlistPanel(*model_, [this] { ++settingsOpened_; });
+    QApplication::setStyle(new platform::ControlStyle);
+    panel_ = new WatchlistPanel(*model_, [] {});
     popover_.setContent(panel_);
     reopen();
 }
@@ -123,7 +127,7 @@ std::vector<std::string> PanelFixture::results() const {
 
 std::vector<std::string> PanelFixture::messages() const {
     std::vector<std::string> texts;
-    for (const auto* const line : panel_->findChildren<platform::MessageLine*>()) {
+    for (const auto* const line : panel_->findChildren<platform::Label*>()) {
         if (line->isVisible())
             texts.push_back(line->text().toStdString());
     }
@@ -146,27 +150,14 @@ std::string PanelFixture::focus() const {
     const QWidget* const focus = popover_.focusWidget();
     if (const auto* const row = qobject_cast<const WatchlistRow*>(focus))
         return "row " + row->symbol().base;
-    if (const auto* const remove = qobject_cast<const RemoveButton*>(focus))
-        return "remove " + static_cast<WatchlistRow*>(remove->parentWidget())->symbol().base;
+    if (const auto* const row =
+            focus ? qobject_cast<const WatchlistRow*>(focus->parent()) : nullptr)
+        return "remove " + row->symbol().base;
     if (const auto* const button = qobject_cast<const QAbstractButton*>(focus)) {
         const bool isResult = panel_->findChild<SearchResults*>()->isAncestorOf(button);
         return (isResult ? "result " : "") + button->text().toStdString();
     }
     return focus ? focus->objectName().toStdString() : "nothing";
-}
-
-void PanelFixture::choose(const char* entry) {
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_TRUE(menu) << "no menu is open";
-    for (QAction* const action : menu->actions()) {
-        if (plain(action->text(), action->isEnabled()) != entry)
-            continue;
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-        drainEvents();
-        reactivate();
-        return;
-    }
-    FAIL() << "the menu has no enabled " << entry;
 }
 
 std::vector<std::string> PanelFixture::menu() {

@@ -58,9 +58,6 @@ protected:
     /// text of a button.
     std::string focus() const;
 
-    /// Chooses an entry of the menu that is open; fails where it is not there or disabled.
-    void choose(const char* entry);
-
     /// The entries of the open menu, "-" for a line and disabled ones in brackets; closes it.
     std::vector<std::string> menu();
 
@@ -74,7 +71,6 @@ private:
 protected:
     platform::Popover popover_{clock_};
     quorvel::WatchlistPanel* panel_ = nullptr;
-    int settingsOpened_ = 0;
 };
 
 } // namespace test

@@ -7,13 +7,12 @@
 #include "Tests/Support/FullDisk.h"
 
 #include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 
 using namespace quorvel;
-using platform::Picker;
-using platform::PlainButton;
-using platform::Switch;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -30,7 +29,6 @@ constexpr const char* firedText = "Triggered — toggle to re-enable";
 
 class Alerts : public test::SettingsFixture {
 protected:
-    QLineEdit& threshold() const { return *window_->findChild<QLineEdit*>(); }
     QAbstractButton& add() const { return *button("Add"); }
     const AlertRuleList& rules() const { return model_->alerts().rules(); }
 
@@ -40,7 +38,7 @@ protected:
         press(Qt::Key_Delete);
         for (const char c : std::string_view(text))
             QTest::keyClick(window_->windowHandle(), c);
-        settle();
+        test::drainEvents();
     }
 
     std::string whyAddIsDisabled() const {
@@ -94,8 +92,8 @@ TEST_F(Alerts, AreAddedOnceTheFormIsComplete) {
     EXPECT_EQ(threshold().text(), QString());
     window_->hide();
     window_->show();
-    EXPECT_EQ(get<Picker>("Coin").currentText(), QStringLiteral("ETH"));
-    EXPECT_EQ(get<Picker>("Condition").currentText(), QStringLiteral("Loss exceeds"));
+    EXPECT_EQ(chosen("Coin"), "ETH");
+    EXPECT_EQ(chosen("Condition"), "Loss exceeds");
     EXPECT_TRUE(button("Repeat")->isChecked());
 }
 
@@ -104,8 +102,8 @@ TEST_F(Alerts, AreSwitchedArmedAnewAndDeletedInTheirRows) {
     const AlertRule once = addRule("BTC", Kind::priceRisesAbove, "70000", false);
     const AlertRule repeating = addRule("ETH", Kind::changeRisesAbove, "5", true);
     model_->alerts().markTriggered({once, repeating}, clock_.now());
-    settle();
-    auto& control = get<Switch>("BTC Rises above 70,000.00");
+    test::drainEvents();
+    auto& control = get<QCheckBox>("BTC Rises above 70,000.00");
     EXPECT_FALSE(control.isChecked());
     EXPECT_THAT(texts(), Contains(firedText));
     EXPECT_THAT(texts(), Contains("Repeats"));
@@ -113,20 +111,20 @@ TEST_F(Alerts, AreSwitchedArmedAnewAndDeletedInTheirRows) {
     EXPECT_TRUE(rules()[0].isEnabled);
     EXPECT_FALSE(rules()[0].lastTriggeredAt);
     EXPECT_THAT(texts(), Not(Contains(firedText)));
-    click(get<Switch>("ETH Gain exceeds +5.00%"));
+    click(get<QCheckBox>("ETH Gain exceeds +5.00%"));
     EXPECT_FALSE(rules()[1].isEnabled);
-    click(get<Switch>("ETH Gain exceeds +5.00%"));
+    click(get<QCheckBox>("ETH Gain exceeds +5.00%"));
     EXPECT_TRUE(rules()[1].lastTriggeredAt) << "the cooldown still runs";
 
-    click(get<PlainButton>("Delete BTC Rises above 70,000.00"));
+    click(get<QPushButton>("Delete BTC Rises above 70,000.00"));
     ASSERT_EQ(rules().size(), 1U);
     EXPECT_EQ(rules()[0].id, repeating.id);
-    EXPECT_FALSE(find<Switch>("BTC Rises above 70,000.00"));
-    get<PlainButton>("Delete ETH Gain exceeds +5.00%").setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(find<QCheckBox>("BTC Rises above 70,000.00"));
+    get<QPushButton>("Delete ETH Gain exceeds +5.00%").setFocus(Qt::TabFocusReason);
     press(Qt::Key_Space);
     EXPECT_THAT(rules(), IsEmpty());
     EXPECT_THAT(texts(), Contains(emptyText));
-    EXPECT_EQ(window_->focusWidget(), &get<Picker>("Coin")) << "the keyboard is not lost";
+    EXPECT_EQ(window_->focusWidget(), &get<QComboBox>("Coin")) << "the keyboard is not lost";
 }
 
 TEST_F(Alerts, AreOfferedForTheCoinsOfTheWatchlist) {
@@ -137,12 +135,12 @@ TEST_F(Alerts, AreOfferedForTheCoinsOfTheWatchlist) {
     model_->watchlist().moveUp(1);
     model_->watchlist().add({"SOL", "USDT"});
     EXPECT_THAT(items("Coin"), ElementsAre("Choose…", "ETH", "BTC", "SOL"));
-    EXPECT_EQ(get<Picker>("Coin").currentText(), QStringLiteral("ETH"));
+    EXPECT_EQ(chosen("Coin"), "ETH");
     addRule("ETH", Kind::priceRisesAbove, "1", false);
     model_->removeSymbol({"ETH", "USDT"});
-    settle();
+    test::drainEvents();
     EXPECT_THAT(items("Coin"), ElementsAre("Choose…", "BTC", "SOL"));
-    EXPECT_EQ(get<Picker>("Coin").currentText(), QStringLiteral("Choose…"));
+    EXPECT_EQ(chosen("Coin"), "Choose…");
     EXPECT_FALSE(add().isEnabled());
     EXPECT_THAT(texts(), Contains(emptyText));
 }
@@ -154,9 +152,9 @@ TEST_F(Alerts, TakeOverThePairThatThePanelHandsOver) {
         model_->setPendingAlertSymbol(Symbol{isOpen ? "ETH" : "BTC", "USDT"});
         window_->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-        settle();
+        test::drainEvents();
         EXPECT_FALSE(model_->pendingAlertSymbol());
-        EXPECT_EQ(get<Picker>("Coin").currentText().toStdString(), isOpen ? "ETH" : "BTC");
+        EXPECT_EQ(chosen("Coin"), isOpen ? "ETH" : "BTC");
         EXPECT_EQ(window_->focusWidget(), &threshold()) << "the number is what is still missing";
         const QPoint end = add().mapTo(window_.get(), add().rect().bottomRight());
         EXPECT_TRUE(window_->rect().contains(end)) << "the form is in view";
@@ -176,12 +174,12 @@ TEST_F(Alerts, ShowWhatIsWrongUntilItIsMended) {
     EXPECT_THAT(texts(), Contains(permission));
     {
         const test::FullDisk disk(0);
-        click(get<Switch>("BTC Rises above 1,000.00"));
+        click(get<QCheckBox>("BTC Rises above 1,000.00"));
         ASSERT_TRUE(model_->alerts().lastPersistError());
     }
     const std::string failure = model_->alerts().lastPersistError()->toStdString();
     EXPECT_THAT(texts(), Contains(failure));
-    click(get<Switch>("BTC Rises above 1,000.00"));
+    click(get<QCheckBox>("BTC Rises above 1,000.00"));
     EXPECT_THAT(texts(), Not(Contains(failure)));
 }
 
@@ -191,7 +189,7 @@ TEST_F(Alerts, ShowWhyADeliveryFailed) {
     for (const bool fails : {true, false}) {
         delivering_->failure = fails ? std::optional(QStringLiteral("no daemon")) : std::nullopt;
         test::Running<void>(model_->notifications().notify(rule, quote(2))).result();
-        settle();
+        test::drainEvents();
         const std::string message = "Couldn't deliver notification: no daemon";
         EXPECT_EQ(std::ranges::count(texts(), message), fails ? 1 : 0);
     }

@@ -3,12 +3,14 @@
 
 #include "Tests/Quorvel/Settings/SettingsFixture.h"
 
-#include "Platform/Controls/Reveal.h"
+#include "Platform/Controls/ControlStyle.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
-#include <QMenu>
+#include <QLineEdit>
 #include <QScrollArea>
 
 #include <algorithm>
@@ -21,7 +23,8 @@ using namespace quorvel;
 
 void SettingsFixture::show(const QByteArray& watchlist) {
     make(watchlist);
-    window_ = std::make_unique<SettingsWindow>(*model_, [this] { ++relaunches_; });
+    QApplication::setStyle(new platform::ControlStyle);
+    window_ = std::make_unique<SettingsWindow>(*model_);
     window_->resize(SettingsWindow::contentWidth, 400);
     window_->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
@@ -34,6 +37,14 @@ QAbstractButton* SettingsFixture::button(const char* text) const {
             return button;
     }
     return nullptr;
+}
+
+QLineEdit& SettingsFixture::threshold() const {
+    for (auto* const field : window_->findChildren<QLineEdit*>()) {
+        if (!field->isReadOnly())
+            return *field;
+    }
+    throw std::out_of_range("no field to type in");
 }
 
 std::vector<std::string> SettingsFixture::texts() const {
@@ -53,48 +64,36 @@ void SettingsFixture::click(QWidget& widget, QRect area) {
     const QPoint place = (area.isNull() ? widget.rect() : area).center();
     QWidget* const top = widget.window();
     QTest::mouseClick(top->windowHandle(), Qt::LeftButton, {}, widget.mapTo(top, place));
-    settle();
+    drainEvents();
 }
 
-void SettingsFixture::choose(const char* picker, const char* item) {
-    click(get<platform::Picker>(picker));
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_TRUE(menu) << "no menu is open";
-    for (QAction* const action : menu->actions()) {
-        if (action->text() == QString::fromUtf8(item)) {
-            click(*menu, menu->actionGeometry(action));
-            return;
-        }
-    }
-    menu->close();
-    FAIL() << "the menu has no " << item;
+void SettingsFixture::choose(const char* comboBox, const char* item) {
+    auto& box = get<QComboBox>(comboBox);
+    click(box);
+    ASSERT_TRUE(box.view()->isVisible()) << "no list is open";
+    const int index = box.findText(QString::fromUtf8(item));
+    ASSERT_GE(index, 0) << "the list has no " << item;
+    QTest::keyClick(box.view(), Qt::Key_Home);
+    for (int i = 0; i < index; ++i)
+        QTest::keyClick(box.view(), Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Return);
+    drainEvents();
 }
 
-std::vector<std::string> SettingsFixture::items(const char* picker) {
-    click(get<platform::Picker>(picker));
+std::vector<std::string> SettingsFixture::items(const char* comboBox) const {
     std::vector<std::string> texts;
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (!menu)
-        return texts;
-    for (const QAction* const action : menu->actions())
-        texts.push_back(action->text().toStdString());
-    menu->close();
-    settle();
+    const auto& box = get<QComboBox>(comboBox);
+    for (int i = 0; i < box.count(); ++i)
+        texts.push_back(box.itemText(i).toStdString());
     return texts;
 }
 
-void SettingsFixture::press(Qt::Key key) {
-    QWidget* const menu = QApplication::activePopupWidget();
-    QTest::keyClick((menu ? menu : window_.get())->windowHandle(), key);
-    settle();
+std::string SettingsFixture::chosen(const char* comboBox) const {
+    return get<QComboBox>(comboBox).currentText().toStdString();
 }
 
-void SettingsFixture::settle() {
-    // Asked for anew each time: some delete themselves once they have closed.
-    EXPECT_TRUE(waitUntil([this] {
-        return std::ranges::none_of(window_->findChildren<platform::Reveal*>(),
-                                    [](auto* reveal) { return reveal->isMoving(); });
-    }));
+void SettingsFixture::press(Qt::Key key) {
+    QTest::keyClick(window_->windowHandle(), key);
     drainEvents();
 }
 
@@ -108,7 +107,7 @@ const AlertRule& SettingsFixture::addRule(const char* base, AlertConditionKind k
                                                 : RepeatMode::once(),
                           .isEnabled = true,
                           .lastTriggeredAt = std::nullopt});
-    settle();
+    drainEvents();
     return model_->alerts().rules().all().back();
 }
 

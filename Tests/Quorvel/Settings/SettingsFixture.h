@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "Platform/Controls/Picker.h"
 #include "Quorvel/Settings/SettingsWindow.h"
 #include "Tests/Quorvel/Model/ModelFixture.h"
 
@@ -13,6 +12,8 @@
 #include <vector>
 
 class QAbstractButton;
+class QComboBox;
+class QLineEdit;
 
 namespace test {
 
@@ -43,23 +44,26 @@ protected:
     /// The button with this text that can be seen; null where there is none.
     QAbstractButton* button(const char* text) const;
 
+    /// Where a new alert's threshold is typed.
+    QLineEdit& threshold() const;
+
     /// The texts that can be seen outside of controls, from the top.
     std::vector<std::string> texts() const;
 
     /// Scrolls the widget into view and clicks into the middle of it, or of `area`.
     void click(QWidget& widget, QRect area = {});
 
-    /// Opens the picker with a click and clicks the item.
-    void choose(const char* picker, const char* item);
+    /// Opens the combo box with a click and chooses the item by keys.
+    void choose(const char* comboBox, const char* item);
 
-    /// The items of a picker, as its menu has them.
-    std::vector<std::string> items(const char* picker);
+    /// The items of a combo box.
+    std::vector<std::string> items(const char* comboBox) const;
+
+    /// The item of a combo box that is chosen.
+    std::string chosen(const char* comboBox) const;
 
     /// Presses a key as a user does: it goes to whatever has the keyboard.
     void press(Qt::Key key);
-
-    /// Waits for what moves to have come to rest.
-    void settle();
 
     /// A rule of the model's, made by hand.
     const quorvel::AlertRule& addRule(const char* base, quorvel::AlertConditionKind kind,
@@ -69,7 +73,6 @@ protected:
     std::string stored(const char* key) const;
 
     std::unique_ptr<quorvel::SettingsWindow> window_;
-    int relaunches_ = 0;
 };
 
 } // namespace test

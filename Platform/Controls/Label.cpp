@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Platform/Controls/MessageLine.h"
+#include "Platform/Controls/Label.h"
 
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Appearance/SystemFonts.h"
@@ -13,45 +13,51 @@ namespace platform {
 
 namespace {
 
-QColor color(MessageLine::Kind kind, const QPalette& palette) {
-    const auto colors = SystemColors::of(palette);
-    switch (kind) {
-    case MessageLine::Kind::secondary:
+QColor color(Label::Tone tone, const SystemColors& colors) {
+    switch (tone) {
+    case Label::Tone::secondary:
         return colors.secondaryLabel;
-    case MessageLine::Kind::tertiary:
+    case Label::Tone::tertiary:
         return colors.tertiaryLabel;
-    case MessageLine::Kind::warning:
+    case Label::Tone::warning:
         return colors.orange;
-    case MessageLine::Kind::error:
+    case Label::Tone::error:
         return colors.red;
+    case Label::Tone::primary:
+        break;
     }
     return colors.label;
 }
 
 } // namespace
 
-MessageLine::MessageLine(Kind kind, int fontSize, QWidget* parent) : QLabel(parent), kind_(kind) {
+Label::Label(Tone tone, int fontSize, QWidget* parent) : QLabel(parent), tone_(tone) {
     setFont(systemFont(fontSize));
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     adoptPalette();
 }
 
-void MessageLine::setMessage(const std::optional<QString>& message) {
+void Label::setTone(Tone tone) {
+    tone_ = tone;
+    adoptPalette();
+}
+
+void Label::setMessage(const std::optional<QString>& message) {
     setText(message.value_or(QString()));
     setVisible(message.has_value());
 }
 
-void MessageLine::changeEvent(QEvent* event) {
+void Label::changeEvent(QEvent* event) {
     QLabel::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && !isAdopting_)
         adoptPalette();
 }
 
-void MessageLine::adoptPalette() {
+void Label::adoptPalette() {
     // From the application's palette: the label's own holds what was set here before.
     QPalette own;
-    own.setColor(QPalette::WindowText, color(kind_, QGuiApplication::palette()));
+    own.setColor(QPalette::WindowText, color(tone_, SystemColors::of(QGuiApplication::palette())));
     isAdopting_ = true;
     setPalette(own);
     isAdopting_ = false;

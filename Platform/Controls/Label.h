@@ -9,19 +9,20 @@
 
 namespace platform {
 
-/// A line of text that is there only while there is something to say. Wraps where it
-/// is too long, and follows the appearance.
-class MessageLine final : public QLabel {
+/// A text in one of the strengths or colours that texts have here. Wraps where it is too long, and
+/// follows the appearance.
+class Label final : public QLabel {
     Q_OBJECT
 
 public:
-    /// What the text is for, which decides its colour.
-    enum class Kind { secondary, tertiary, warning, error };
+    enum class Tone { primary, secondary, tertiary, warning, error };
 
     /// @param fontSize in device-independent pixels
-    MessageLine(Kind kind, int fontSize, QWidget* parent = nullptr);
+    Label(Tone tone, int fontSize, QWidget* parent = nullptr);
 
-    /// Hides the line where absent.
+    void setTone(Tone tone);
+
+    /// Shows a text that is there at times only; hides the label where absent.
     void setMessage(const std::optional<QString>& message);
 
 protected:
@@ -30,7 +31,7 @@ protected:
 private:
     void adoptPalette();
 
-    Kind kind_;
+    Tone tone_;
     bool isAdopting_ = false;
 };
 
