@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <exception>
+#include <optional>
 
 namespace platform {
 
@@ -31,6 +32,18 @@ inline QString localizedDescription(const std::exception& error) {
     if (const auto* const platformError = dynamic_cast<const PlatformError*>(&error))
         return platformError->localizedDescription();
     return QString::fromUtf8(error.what());
+}
+
+/// Does `action`, and words what went wrong: `text` with the description of the error in the place
+/// of its %1; absent where nothing did.
+template <typename Action>
+std::optional<QString> failureOf(Action action, const QString& text) {
+    try {
+        action();
+        return std::nullopt;
+    } catch (const std::exception& error) {
+        return text.arg(localizedDescription(error));
+    }
 }
 
 } // namespace platform

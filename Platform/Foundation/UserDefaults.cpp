@@ -11,6 +11,24 @@
 
 namespace platform {
 
+namespace {
+
+/// A value as it stands in the file.
+struct Stored {
+    QVariant operator()(std::monostate) const { return {}; }
+    QVariant operator()(const QString& text) const { return text; }
+    QVariant operator()(double number) const {
+        return QLocale::c().toString(number, 'g', QLocale::FloatingPointShortest);
+    }
+    QVariant operator()(std::int64_t number) const { return QString::number(number); }
+    QVariant operator()(bool isTrue) const {
+        return isTrue ? QStringLiteral("true") : QStringLiteral("false");
+    }
+    QVariant operator()(const QStringList& texts) const { return texts; }
+};
+
+} // namespace
+
 UserDefaults::UserDefaults(const QString& path) : settings_(path, QSettings::IniFormat) {}
 
 QString UserDefaults::standardPath(const QString& name) {
@@ -65,33 +83,21 @@ std::optional<QStringList> UserDefaults::stringArray(const QString& key) const {
     return value.toStringList();
 }
 
-void UserDefaults::setString(const QString& key, const QString& value) {
-    store(key, value);
+void UserDefaults::set(const QString& key, const Value& value) {
+    set({{key, value}});
 }
 
-void UserDefaults::setDouble(const QString& key, double value) {
-    store(key, QLocale::c().toString(value, 'g', QLocale::FloatingPointShortest));
+void UserDefaults::set(std::initializer_list<std::pair<QString, Value>> values) {
+    set(std::span(values.begin(), values.end()));
 }
 
-void UserDefaults::setInteger(const QString& key, std::int64_t value) {
-    store(key, QString::number(value));
-}
-
-void UserDefaults::setBoolean(const QString& key, bool value) {
-    store(key, value ? QStringLiteral("true") : QStringLiteral("false"));
-}
-
-void UserDefaults::setStringArray(const QString& key, const QStringList& value) {
-    store(key, value);
-}
-
-void UserDefaults::remove(const QString& key) {
-    settings_.remove(key);
-    settings_.sync();
-}
-
-void UserDefaults::store(const QString& key, const QVariant& value) {
-    settings_.setValue(key, value);
+void UserDefaults::set(std::span<const std::pair<QString, Value>> values) {
+    for (const auto& [key, value] : values) {
+        if (std::holds_alternative<std::monostate>(value))
+            settings_.remove(key);
+        else
+            settings_.setValue(key, std::visit(Stored(), value));
+    }
     settings_.sync();
 }
 

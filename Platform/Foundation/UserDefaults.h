@@ -8,7 +8,11 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
+#include <span>
+#include <utility>
+#include <variant>
 
 namespace platform {
 
@@ -43,16 +47,16 @@ public:
     /// The list of texts; a single text is a list of one; absent without a value.
     std::optional<QStringList> stringArray(const QString& key) const;
 
-    void setString(const QString& key, const QString& value);
-    void setDouble(const QString& key, double value);
-    void setInteger(const QString& key, std::int64_t value);
-    void setBoolean(const QString& key, bool value);
-    void setStringArray(const QString& key, const QStringList& value);
-    void remove(const QString& key);
+    /// What a key can be given; the first stands for nothing, and removes the key.
+    using Value = std::variant<std::monostate, QString, double, std::int64_t, bool, QStringList>;
+
+    void set(const QString& key, const Value& value);
+
+    /// Assigns several keys in their order, which reach the disk together.
+    void set(std::span<const std::pair<QString, Value>> values);
+    void set(std::initializer_list<std::pair<QString, Value>> values);
 
 private:
-    void store(const QString& key, const QVariant& value);
-
     QSettings settings_;
 };
 

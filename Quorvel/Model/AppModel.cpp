@@ -117,11 +117,11 @@ Task<> AppModel::finishDeliveries() {
 
 Task<> AppModel::loadAvailableSymbols() {
     try {
-        setAvailableSymbols(co_await provider_->availableSymbols());
-        setLoadError(std::nullopt);
+        availableSymbols_ = co_await provider_->availableSymbols();
+        loadError_ = std::nullopt;
     } catch (const std::exception&) {
-        setLoadError(
-            platform::localized("Quorvel", "Couldn't load coin list — search is unavailable"));
+        loadError_ =
+            platform::localized("Quorvel", "Couldn't load coin list — search is unavailable");
     }
 }
 
@@ -149,7 +149,7 @@ Task<> AppModel::loadCandles(Symbol symbol) {
 
 void AppModel::addSymbol(const Symbol& symbol) {
     watchlist_.add(symbol);
-    setSearchQuery({});
+    searchQuery_ = QString();
     followWatchlist();
 }
 
@@ -234,43 +234,16 @@ void AppModel::refreshStatusBar() {
     const int index =
         RotationDriver::index((now - rotationEpoch_).count(), current.rotationInterval().count(),
                               StatusBarPresenter::rotationItemCount(symbols, pinned));
-    setStatusBarSegments(
-        StatusBarPresenter::segments(symbols, pinned, quotes_.quotes(), current, index));
+    statusBarSegments_ =
+        StatusBarPresenter::segments(symbols, pinned, quotes_.quotes(), current, index);
 }
 
-void AppModel::setAvailableSymbols(std::vector<Symbol> symbols) {
-    if (availableSymbols_ == symbols)
-        return;
-    availableSymbols_ = std::move(symbols);
-    Q_EMIT availableSymbolsChanged();
+void AppModel::setSearchQuery(const QString& query) {
+    searchQuery_ = query;
 }
 
-void AppModel::setLoadError(std::optional<QString> error) {
-    if (loadError_ == error)
-        return;
-    loadError_ = std::move(error);
-    Q_EMIT loadErrorChanged();
-}
-
-void AppModel::setSearchQuery(QString query) {
-    if (searchQuery_ == query)
-        return;
-    searchQuery_ = std::move(query);
-    Q_EMIT searchQueryChanged();
-}
-
-void AppModel::setPendingAlertSymbol(std::optional<Symbol> symbol) {
-    if (pendingAlertSymbol_ == symbol)
-        return;
-    pendingAlertSymbol_ = std::move(symbol);
-    Q_EMIT pendingAlertSymbolChanged();
-}
-
-void AppModel::setStatusBarSegments(std::vector<StatusBarSegment> segments) {
-    if (statusBarSegments_ == segments)
-        return;
-    statusBarSegments_ = std::move(segments);
-    Q_EMIT statusBarSegmentsChanged();
+void AppModel::setPendingAlertSymbol(const std::optional<Symbol>& symbol) {
+    pendingAlertSymbol_ = symbol;
 }
 
 } // namespace quorvel

@@ -21,6 +21,7 @@
 #include "QuorvelKit/Stores/WatchlistStore.h"
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 #include <QUuid>
 
@@ -89,12 +90,12 @@ public:
 
     /// What the panel's search field holds.
     const QString& searchQuery() const { return searchQuery_; }
-    void setSearchQuery(QString query);
+    void setSearchQuery(const QString& query);
 
     /// The pair that the user is about to add an alert for, until the alerts section has taken it
     /// over; absent otherwise.
     const std::optional<Symbol>& pendingAlertSymbol() const { return pendingAlertSymbol_; }
-    void setPendingAlertSymbol(std::optional<Symbol> symbol);
+    void setPendingAlertSymbol(const std::optional<Symbol>& symbol);
 
     /// What the status bar shows now.
     const std::vector<StatusBarSegment>& statusBarSegments() const { return statusBarSegments_; }
@@ -163,9 +164,6 @@ private:
     void restartRotation();
     /// What follows a change of the watchlist's pairs.
     void followWatchlist();
-    void setAvailableSymbols(std::vector<Symbol> symbols);
-    void setLoadError(std::optional<QString> error);
-    void setStatusBarSegments(std::vector<StatusBarSegment> segments);
 
     platform::Clock& clock_;
     platform::Workspace& workspace_;
@@ -177,11 +175,15 @@ private:
     AppLanguage languageAtLaunch_;
     WatchlistStore watchlist_;
     AlertStore alerts_;
-    std::vector<Symbol> availableSymbols_;
-    std::optional<QString> loadError_;
-    QString searchQuery_;
-    std::optional<Symbol> pendingAlertSymbol_;
-    std::vector<StatusBarSegment> statusBarSegments_;
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::vector<Symbol>, availableSymbols_,
+                               &AppModel::availableSymbolsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<QString>, loadError_,
+                               &AppModel::loadErrorChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, QString, searchQuery_, &AppModel::searchQueryChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<Symbol>, pendingAlertSymbol_,
+                               &AppModel::pendingAlertSymbolChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::vector<StatusBarSegment>, statusBarSegments_,
+                               &AppModel::statusBarSegmentsChanged)
     platform::Date rotationEpoch_;
     std::optional<DisplaySettings> lastAppliedSettings_;
     /// The uptime at the last accepted quote: the wall clock may be set back.

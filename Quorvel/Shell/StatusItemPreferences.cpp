@@ -24,7 +24,7 @@ platform::StatusItemOptions StatusItemPreferences::options(const platform::UserD
 
 void StatusItemPreferences::setStripPosition(platform::UserDefaults& defaults,
                                              const platform::StripPosition& position) {
-    defaults.setString(stripPositionKey, position.toString());
+    defaults.set(stripPositionKey, position.toString());
 }
 
 } // namespace quorvel

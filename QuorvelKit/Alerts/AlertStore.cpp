@@ -92,27 +92,11 @@ void AlertStore::replace(std::vector<AlertRule> rules) {
     assert(QThread::currentThread() == thread());
     const bool isChange = rules != rules_.all();
     rules_ = AlertRuleList(std::move(rules));
-    persist();
+    lastPersistError_ =
+        platform::failureOf([this] { persistence_->save(rules_.all()); },
+                            platform::localized("QuorvelKit", "Couldn't save alerts: %1"));
     if (isChange)
         Q_EMIT rulesChanged();
-}
-
-void AlertStore::persist() {
-    std::optional<QString> error;
-    try {
-        persistence_->save(rules_.all());
-    } catch (const std::exception& failure) {
-        error = platform::localized("QuorvelKit", "Couldn't save alerts: %1")
-                    .arg(platform::localizedDescription(failure));
-    }
-    setLastPersistError(std::move(error));
-}
-
-void AlertStore::setLastPersistError(std::optional<QString> error) {
-    if (lastPersistError_ == error)
-        return;
-    lastPersistError_ = std::move(error);
-    Q_EMIT lastPersistErrorChanged();
 }
 
 } // namespace quorvel

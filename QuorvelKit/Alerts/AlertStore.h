@@ -10,6 +10,7 @@
 #include "QuorvelKit/MarketModel/Symbol.h"
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 #include <QUuid>
 
@@ -67,11 +68,10 @@ Q_SIGNALS:
 private:
     /// Takes the rules over and saves them; tells observers where they differ.
     void replace(std::vector<AlertRule> rules);
-    void persist();
-    void setLastPersistError(std::optional<QString> error);
 
     AlertRuleList rules_;
-    std::optional<QString> lastPersistError_;
+    Q_OBJECT_BINDABLE_PROPERTY(AlertStore, std::optional<QString>, lastPersistError_,
+                               &AlertStore::lastPersistErrorChanged)
     std::unique_ptr<AlertPersistence> persistence_;
 };
 

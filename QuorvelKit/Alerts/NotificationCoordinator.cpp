@@ -17,8 +17,7 @@ Task<> NotificationCoordinator::requestAuthorizationIfNeeded() {
     if (hasRequestedAuthorization_)
         co_return;
     hasRequestedAuthorization_ = true;
-    Q_EMIT hasRequestedAuthorizationChanged();
-    setAuthorized(co_await delivering_->requestAuthorization());
+    isAuthorized_ = co_await delivering_->requestAuthorization();
 }
 
 Task<> NotificationCoordinator::notify(AlertRule rule, Quote quote, std::vector<Symbol> inSight) {
@@ -31,25 +30,11 @@ Task<> NotificationCoordinator::notify(AlertRule rule, Quote quote, std::vector<
                             PriceFormatter::changePercent(quote.changePercent24h));
     try {
         co_await delivering_->deliver(std::move(title), std::move(body));
-        setLastDeliveryError(std::nullopt);
+        lastDeliveryError_ = std::nullopt;
     } catch (const std::exception& error) {
-        setLastDeliveryError(platform::localized("QuorvelKit", "Couldn't deliver notification: %1")
-                                 .arg(platform::localizedDescription(error)));
+        lastDeliveryError_ = platform::localized("QuorvelKit", "Couldn't deliver notification: %1")
+                                 .arg(platform::localizedDescription(error));
     }
-}
-
-void NotificationCoordinator::setAuthorized(bool authorized) {
-    if (isAuthorized_ == authorized)
-        return;
-    isAuthorized_ = authorized;
-    Q_EMIT isAuthorizedChanged();
-}
-
-void NotificationCoordinator::setLastDeliveryError(std::optional<QString> error) {
-    if (lastDeliveryError_ == error)
-        return;
-    lastDeliveryError_ = std::move(error);
-    Q_EMIT lastDeliveryErrorChanged();
 }
 
 } // namespace quorvel

@@ -8,6 +8,7 @@
 #include "QuorvelKit/MarketModel/Quote.h"
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 
 #include <memory>
@@ -50,13 +51,13 @@ Q_SIGNALS:
     void lastDeliveryErrorChanged();
 
 private:
-    void setAuthorized(bool authorized);
-    void setLastDeliveryError(std::optional<QString> error);
-
     std::unique_ptr<NotificationDelivering> delivering_;
-    bool isAuthorized_ = false;
-    bool hasRequestedAuthorization_ = false;
-    std::optional<QString> lastDeliveryError_;
+    Q_OBJECT_BINDABLE_PROPERTY(NotificationCoordinator, bool, isAuthorized_,
+                               &NotificationCoordinator::isAuthorizedChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(NotificationCoordinator, bool, hasRequestedAuthorization_,
+                               &NotificationCoordinator::hasRequestedAuthorizationChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(NotificationCoordinator, std::optional<QString>, lastDeliveryError_,
+                               &NotificationCoordinator::lastDeliveryErrorChanged)
 };
 
 } // namespace quorvel

@@ -16,27 +16,11 @@ LaunchAtLoginController::LaunchAtLoginController(std::unique_ptr<LaunchAtLoginMa
 void LaunchAtLoginController::setEnabled(bool enabled) {
     if (enabled == isEnabled_)
         return;
-    std::optional<QString> message;
-    try {
-        service_->setEnabled(enabled);
-    } catch (const std::exception& failure) {
-        message = platform::localized("QuorvelKit", "Couldn't change launch at login: %1")
-                      .arg(platform::localizedDescription(failure));
-    }
-    show(message ? service_->isEnabled() : enabled);
-    setLastErrorMessage(std::move(message));
-}
-
-void LaunchAtLoginController::show(bool isEnabled) {
-    if (std::exchange(isEnabled_, isEnabled) != isEnabled)
-        Q_EMIT isEnabledChanged();
-}
-
-void LaunchAtLoginController::setLastErrorMessage(std::optional<QString> message) {
-    if (lastErrorMessage_ == message)
-        return;
+    auto message = platform::failureOf(
+        [&] { service_->setEnabled(enabled); },
+        platform::localized("QuorvelKit", "Couldn't change launch at login: %1"));
+    isEnabled_ = message ? service_->isEnabled() : enabled;
     lastErrorMessage_ = std::move(message);
-    Q_EMIT lastErrorMessageChanged();
 }
 
 } // namespace quorvel

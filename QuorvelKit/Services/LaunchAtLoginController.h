@@ -6,6 +6,7 @@
 #include "QuorvelKit/Services/LaunchAtLoginManaging.h"
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 
 #include <memory>
@@ -36,12 +37,11 @@ Q_SIGNALS:
     void lastErrorMessageChanged();
 
 private:
-    void show(bool isEnabled);
-    void setLastErrorMessage(std::optional<QString> message);
-
     std::unique_ptr<LaunchAtLoginManaging> service_;
-    bool isEnabled_;
-    std::optional<QString> lastErrorMessage_;
+    Q_OBJECT_BINDABLE_PROPERTY(LaunchAtLoginController, bool, isEnabled_,
+                               &LaunchAtLoginController::isEnabledChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(LaunchAtLoginController, std::optional<QString>, lastErrorMessage_,
+                               &LaunchAtLoginController::lastErrorMessageChanged)
 };
 
 } // namespace quorvel

@@ -3,8 +3,6 @@
 
 #include "QuorvelKit/Stores/QuoteStore.h"
 
-#include <utility>
-
 namespace quorvel {
 
 const Quote* QuoteStore::quote(const Symbol& symbol) const {
@@ -20,10 +18,8 @@ void QuoteStore::apply(const Quote& quote) {
         entry->second = quote;
     }
     Q_EMIT quotesChanged(quote.symbol);
-    const platform::Date now = clock_.now();
-    if (std::exchange(lastUpdateAt_, now) != now)
-        Q_EMIT lastUpdateAtChanged();
-    markStale(false);
+    lastUpdateAt_ = clock_.now();
+    isStale_ = false;
 }
 
 std::optional<Quote> QuoteStore::applyReturningPrevious(const Quote& quote) {
@@ -45,11 +41,6 @@ void QuoteStore::remove(const Symbol& symbol) {
     const Symbol removed = symbol; // NOLINT(performance-unnecessary-copy-initialization)
     quotes_.erase(removed);
     Q_EMIT quotesChanged(removed);
-}
-
-void QuoteStore::markStale(bool stale) {
-    if (std::exchange(isStale_, stale) != stale)
-        Q_EMIT isStaleChanged();
 }
 
 } // namespace quorvel

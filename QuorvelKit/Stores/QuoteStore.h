@@ -7,6 +7,7 @@
 #include "QuorvelKit/MarketModel/Quote.h"
 
 #include <QObject>
+#include <QProperty>
 
 #include <optional>
 #include <unordered_map>
@@ -48,7 +49,7 @@ public:
     /// Forgets the pair's quote.
     void remove(const Symbol& symbol);
 
-    void markStale(bool stale);
+    void markStale(bool stale) { isStale_ = stale; }
 
 Q_SIGNALS:
     /// The pair's quote was accepted or removed.
@@ -59,8 +60,9 @@ Q_SIGNALS:
 private:
     const platform::Clock& clock_;
     Quotes quotes_;
-    bool isStale_ = false;
-    std::optional<platform::Date> lastUpdateAt_;
+    Q_OBJECT_BINDABLE_PROPERTY(QuoteStore, bool, isStale_, &QuoteStore::isStaleChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(QuoteStore, std::optional<platform::Date>, lastUpdateAt_,
+                               &QuoteStore::lastUpdateAtChanged)
 };
 
 } // namespace quorvel

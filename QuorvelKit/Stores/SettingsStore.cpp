@@ -3,119 +3,137 @@
 
 #include "QuorvelKit/Stores/SettingsStore.h"
 
-#include <cmath>
+#include <array>
 #include <utility>
+#include <vector>
 
 namespace quorvel {
 
+using platform::UserDefaults;
+
 namespace {
 
-// Functions, so that no text is made before it is needed.
-QString modeKey() {
-    return QStringLiteral("display.mode");
-}
-QString contentKey() {
-    return QStringLiteral("display.content");
-}
-QString colorSchemeKey() {
-    return QStringLiteral("display.colorScheme");
-}
-QString rotationIntervalKey() {
-    return QStringLiteral("display.rotationInterval");
-}
-QString sideBySideLimitKey() {
-    return QStringLiteral("display.sideBySideLimit");
-}
-QString chartPeriodKey() {
-    return QStringLiteral("display.chartPeriod");
-}
-QString showsIconKey() {
-    return QStringLiteral("display.showsIcon");
-}
-QString showsDirectionArrowKey() {
-    return QStringLiteral("display.showsDirectionArrow");
-}
-QString languageKey() {
-    return QStringLiteral("interfaceLanguage");
-}
-QString preferredLanguagesKey() {
-    return QStringLiteral("AppleLanguages");
-}
-QString appearanceKey() {
-    return QStringLiteral("interfaceAppearance");
-}
+const QString languageKey = QStringLiteral("interfaceLanguage");
+const QString preferredLanguagesKey = QStringLiteral("AppleLanguages");
+const QString appearanceKey = QStringLiteral("interfaceAppearance");
 
 QString fromView(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return QString::fromUtf8(text.data(), std::ssize(text));
 }
 
 /// The case that the stored text names exactly; `fallback` for any other text and for none.
 template <RawRepresentable Enum>
-Enum load(const platform::UserDefaults& defaults, const QString& key, Enum fallback) {
+Enum load(const UserDefaults& defaults, const QString& key, Enum fallback) {
     const auto text = defaults.string(key);
     return text ? fromRawValue<Enum>(text->toStdString()).value_or(fallback) : fallback;
 }
 
-} // namespace
+bool load(const UserDefaults& defaults, const QString& key, bool fallback) {
+    return defaults.hasObject(key) ? defaults.boolean(key) : fallback;
+}
 
-SettingsStore::SettingsStore(platform::UserDefaults& defaults)
-    : defaults_(defaults),
-      display_(loadDisplay()),
-      language_(load(defaults, languageKey(), AppLanguage::system)),
-      appearance_(load(defaults, appearanceKey(), AppearanceMode::system)) {}
+UserDefaults::Value stored(RawRepresentable auto value) {
+    return fromView(rawValue(value));
+}
 
-DisplaySettings SettingsStore::loadDisplay() const {
+UserDefaults::Value stored(bool value) {
+    return value;
+}
+
+/// One of the display settings: where it is kept, and how it gets from there into the record, which
+/// has its default already, and back.
+struct Setting {
+    QString key;
+    void (*load)(const UserDefaults& defaults, const QString& key, DisplaySettings& display);
+    UserDefaults::Value (*stored)(const DisplaySettings& display);
+};
+
+template <auto field>
+Setting setting(const QString& key) {
+    return {
+        .key = key,
+        .load =
+            [](const UserDefaults& defaults, const QString& key, DisplaySettings& display) {
+                display.*field = quorvel::load(defaults, key, display.*field);
+            },
+        .stored = [](const DisplaySettings& display) { return quorvel::stored(display.*field); }};
+}
+
+Setting rotationInterval(const QString& key) {
+    return {.key = key,
+            .load =
+                [](const UserDefaults& defaults, const QString& key, DisplaySettings& display) {
+                    if (defaults.hasObject(key))
+                        display.setRotationInterval(
+                            platform::TimeInterval(defaults.doubleValue(key)));
+                },
+            .stored = [](const DisplaySettings& display) -> UserDefaults::Value {
+                return display.rotationInterval().count();
+            }};
+}
+
+Setting sideBySideLimit(const QString& key) {
+    return {.key = key,
+            .load =
+                [](const UserDefaults& defaults, const QString& key, DisplaySettings& display) {
+                    if (defaults.hasObject(key))
+                        display.setSideBySideLimit(defaults.integer(key));
+                },
+            .stored = [](const DisplaySettings& display) -> UserDefaults::Value {
+                return display.sideBySideLimit();
+            }};
+}
+
+/// All display settings, in the order in which they are written.
+const std::array<Setting, 8>& displaySettings() {
+    static const std::array<Setting, 8> settings{
+        setting<&DisplaySettings::mode>(QStringLiteral("display.mode")),
+        setting<&DisplaySettings::content>(QStringLiteral("display.content")),
+        setting<&DisplaySettings::colorScheme>(QStringLiteral("display.colorScheme")),
+        rotationInterval(QStringLiteral("display.rotationInterval")),
+        sideBySideLimit(QStringLiteral("display.sideBySideLimit")),
+        setting<&DisplaySettings::chartPeriod>(QStringLiteral("display.chartPeriod")),
+        setting<&DisplaySettings::showsIcon>(QStringLiteral("display.showsIcon")),
+        setting<&DisplaySettings::showsDirectionArrow>(
+            QStringLiteral("display.showsDirectionArrow")),
+    };
+    return settings;
+}
+
+DisplaySettings loadDisplay(const UserDefaults& defaults) {
     DisplaySettings display;
-    display.mode = load(defaults_, modeKey(), display.mode);
-    display.content = load(defaults_, contentKey(), display.content);
-    display.colorScheme = load(defaults_, colorSchemeKey(), display.colorScheme);
-    if (defaults_.hasObject(rotationIntervalKey()))
-        display.setRotationInterval(
-            platform::TimeInterval(defaults_.doubleValue(rotationIntervalKey())));
-    if (defaults_.hasObject(sideBySideLimitKey()))
-        display.setSideBySideLimit(defaults_.integer(sideBySideLimitKey()));
-    display.chartPeriod = load(defaults_, chartPeriodKey(), display.chartPeriod);
-    if (defaults_.hasObject(showsIconKey()))
-        display.showsIcon = defaults_.boolean(showsIconKey());
-    if (defaults_.hasObject(showsDirectionArrowKey()))
-        display.showsDirectionArrow = defaults_.boolean(showsDirectionArrowKey());
+    for (const Setting& setting : displaySettings())
+        setting.load(defaults, setting.key, display);
     return display;
 }
 
-void SettingsStore::saveDisplay() {
-    defaults_.setString(modeKey(), fromView(rawValue(display_.mode)));
-    defaults_.setString(contentKey(), fromView(rawValue(display_.content)));
-    defaults_.setString(colorSchemeKey(), fromView(rawValue(display_.colorScheme)));
-    defaults_.setDouble(rotationIntervalKey(), display_.rotationInterval().count());
-    defaults_.setInteger(sideBySideLimitKey(), display_.sideBySideLimit());
-    defaults_.setString(chartPeriodKey(), fromView(rawValue(display_.chartPeriod)));
-    defaults_.setBoolean(showsIconKey(), display_.showsIcon);
-    defaults_.setBoolean(showsDirectionArrowKey(), display_.showsDirectionArrow);
-}
+} // namespace
+
+SettingsStore::SettingsStore(UserDefaults& defaults)
+    : defaults_(defaults),
+      display_(loadDisplay(defaults)),
+      language_(load(defaults, languageKey, AppLanguage::system)),
+      appearance_(load(defaults, appearanceKey, AppearanceMode::system)) {}
 
 void SettingsStore::setDisplay(const DisplaySettings& display) {
-    const bool isChange = std::exchange(display_, display) != display;
-    saveDisplay();
-    if (isChange)
-        Q_EMIT displayChanged();
+    std::vector<std::pair<QString, UserDefaults::Value>> values;
+    for (const Setting& setting : displaySettings())
+        values.emplace_back(setting.key, setting.stored(display));
+    defaults_.set(values);
+    display_ = display;
 }
 
 void SettingsStore::setLanguage(AppLanguage language) {
-    const bool isChange = std::exchange(language_, language) != language;
-    defaults_.setString(languageKey(), fromView(rawValue(language)));
+    UserDefaults::Value preferred;
     if (const auto identifier = localeIdentifier(language))
-        defaults_.setStringArray(preferredLanguagesKey(), {fromView(*identifier)});
-    else
-        defaults_.remove(preferredLanguagesKey());
-    if (isChange)
-        Q_EMIT languageChanged();
+        preferred = QStringList(fromView(*identifier));
+    defaults_.set({{languageKey, stored(language)}, {preferredLanguagesKey, preferred}});
+    language_ = language;
 }
 
 void SettingsStore::setAppearance(AppearanceMode appearance) {
-    const bool isChange = std::exchange(appearance_, appearance) != appearance;
-    defaults_.setString(appearanceKey(), fromView(rawValue(appearance)));
-    if (isChange)
-        Q_EMIT appearanceChanged();
+    defaults_.set(appearanceKey, stored(appearance));
+    appearance_ = appearance;
 }
 
 } // namespace quorvel

@@ -9,6 +9,7 @@
 #include "QuorvelKit/Stores/DisplaySettings.h"
 
 #include <QObject>
+#include <QProperty>
 
 namespace quorvel {
 
@@ -41,13 +42,13 @@ Q_SIGNALS:
     void appearanceChanged();
 
 private:
-    DisplaySettings loadDisplay() const;
-    void saveDisplay();
-
     platform::UserDefaults& defaults_;
-    DisplaySettings display_;
-    AppLanguage language_;
-    AppearanceMode appearance_;
+    Q_OBJECT_BINDABLE_PROPERTY(SettingsStore, DisplaySettings, display_,
+                               &SettingsStore::displayChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingsStore, AppLanguage, language_,
+                               &SettingsStore::languageChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingsStore, AppearanceMode, appearance_,
+                               &SettingsStore::appearanceChanged)
 };
 
 } // namespace quorvel

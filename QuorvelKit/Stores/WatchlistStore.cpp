@@ -101,22 +101,10 @@ std::vector<WatchlistItem>::iterator WatchlistStore::find(const Symbol& symbol) 
 }
 
 void WatchlistStore::save() {
-    std::optional<QString> error;
-    try {
-        persistence_->save(items_);
-    } catch (const std::exception& failure) {
-        error = platform::localized("QuorvelKit", "Couldn't save watchlist: %1")
-                    .arg(platform::localizedDescription(failure));
-    }
-    setLastPersistError(std::move(error));
+    lastPersistError_ =
+        platform::failureOf([this] { persistence_->save(items_); },
+                            platform::localized("QuorvelKit", "Couldn't save watchlist: %1"));
     Q_EMIT itemsChanged();
-}
-
-void WatchlistStore::setLastPersistError(std::optional<QString> error) {
-    if (lastPersistError_ == error)
-        return;
-    lastPersistError_ = std::move(error);
-    Q_EMIT lastPersistErrorChanged();
 }
 
 } // namespace quorvel

@@ -8,6 +8,7 @@
 #include "QuorvelKit/Stores/WatchlistPersistence.h"
 
 #include <QObject>
+#include <QProperty>
 #include <QString>
 
 #include <cstddef>
@@ -76,11 +77,11 @@ Q_SIGNALS:
 private:
     std::vector<WatchlistItem>::iterator find(const Symbol& symbol);
     void save();
-    void setLastPersistError(std::optional<QString> error);
 
     std::vector<WatchlistItem> items_;
     bool isLoadComplete_ = false;
-    std::optional<QString> lastPersistError_;
+    Q_OBJECT_BINDABLE_PROPERTY(WatchlistStore, std::optional<QString>, lastPersistError_,
+                               &WatchlistStore::lastPersistErrorChanged)
     std::unique_ptr<WatchlistPersistence> persistence_;
 };
 

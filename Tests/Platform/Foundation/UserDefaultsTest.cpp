@@ -65,13 +65,13 @@ TEST_F(UserDefaultsFile, HasNothingWhereThereIsNoFileOrGarbage) {
 
 TEST_F(UserDefaultsFile, IsWrittenWhenAnAssignmentReturns) {
     UserDefaults defaults(path_);
-    defaults.setString(key_, QStringLiteral("a, b; c = \"d\" 简体"));
-    defaults.setDouble(QStringLiteral("interval"), 0.1);
-    defaults.setInteger(QStringLiteral("limit"), largest);
-    defaults.setBoolean(QStringLiteral("shown"), false);
-    defaults.setStringArray(QStringLiteral("languages"), {QStringLiteral("zh-Hans")});
-    defaults.setString(QStringLiteral("gone"), QStringLiteral("x"));
-    defaults.remove(QStringLiteral("gone"));
+    defaults.set({{key_, QStringLiteral("a, b; c = \"d\" 简体")},
+                  {QStringLiteral("interval"), 0.1},
+                  {QStringLiteral("limit"), largest},
+                  {QStringLiteral("shown"), false},
+                  {QStringLiteral("languages"), QStringList(QStringLiteral("zh-Hans"))},
+                  {QStringLiteral("gone"), QStringLiteral("x")}});
+    defaults.set(QStringLiteral("gone"), {});
 
     const UserDefaults other(path_);
     EXPECT_EQ(other.string(key_), QStringLiteral("a, b; c = \"d\" 简体"));
@@ -87,9 +87,9 @@ TEST_F(UserDefaultsFile, IsWrittenWhenAnAssignmentReturns) {
 TEST_F(UserDefaultsFile, KeepsWhatAnotherProcessWroteMeanwhile) {
     UserDefaults first(path_);
     UserDefaults second(path_);
-    first.setString(QStringLiteral("a"), QStringLiteral("1"));
-    second.setString(QStringLiteral("b"), QStringLiteral("2"));
-    first.setString(QStringLiteral("c"), QStringLiteral("3"));
+    first.set(QStringLiteral("a"), QStringLiteral("1"));
+    second.set(QStringLiteral("b"), QStringLiteral("2"));
+    first.set(QStringLiteral("c"), QStringLiteral("3"));
     const UserDefaults reader(path_);
     EXPECT_EQ(reader.string(QStringLiteral("a")), QStringLiteral("1"));
     EXPECT_EQ(reader.string(QStringLiteral("b")), QStringLiteral("2"));

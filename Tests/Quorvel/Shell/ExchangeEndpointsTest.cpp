@@ -26,7 +26,7 @@ TEST(ExchangeEndpoints, AreEachTakenOnlyWhereTheyAreSafe) {
     const QTemporaryDir directory;
     platform::UserDefaults defaults(directory.filePath(QStringLiteral("Quorvel.conf")));
     const auto write = [&defaults](const char* key, const char* url) {
-        defaults.setString(QString::fromLatin1(key), QString::fromLatin1(url));
+        defaults.set(QString::fromLatin1(key), QString::fromLatin1(url));
         return QUrl(QString::fromLatin1(url));
     };
     for (const auto& [rest, takesRest, stream, takesStream] : {

@@ -60,11 +60,11 @@ TEST_F(Settings, FallBackKeyByKey) {
              Loaded{"showsDirectionArrow", "maybe",
                     [](auto& s) { s.showsDirectionArrow = false; }})) {
         const QString fullKey = QStringLiteral("display.") + QString::fromLatin1(key);
-        defaults_.setString(fullKey, QString::fromLatin1(stored));
+        defaults_.set(fullKey, QString::fromLatin1(stored));
         DisplaySettings expected;
         change(expected);
         EXPECT_EQ(SettingsStore(defaults_).display(), expected) << key << "=" << stored;
-        defaults_.remove(fullKey);
+        defaults_.set(fullKey, {});
     }
 }
 
@@ -81,8 +81,8 @@ TEST_F(Settings, FollowTheSystemWhereLanguageOrAppearanceIsUnknown) {
           Stored{"zh-Hans", "1", AppLanguage::system, AppearanceMode::system},
           Stored{"english", "Light", AppLanguage::english, AppearanceMode::system},
           Stored{"light", "light", AppLanguage::system, AppearanceMode::light}}) {
-        defaults_.setString(QStringLiteral("interfaceLanguage"), QString::fromLatin1(language));
-        defaults_.setString(QStringLiteral("interfaceAppearance"), QString::fromLatin1(appearance));
+        defaults_.set(QStringLiteral("interfaceLanguage"), QString::fromLatin1(language));
+        defaults_.set(QStringLiteral("interfaceAppearance"), QString::fromLatin1(appearance));
         const SettingsStore store(defaults_);
         EXPECT_EQ(store.language(), expectedLanguage) << language;
         EXPECT_EQ(store.appearance(), expectedAppearance) << appearance;
