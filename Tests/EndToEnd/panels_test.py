@@ -1,0 +1,315 @@
+# SPDX-FileCopyrightText: 2026 the Quorvel developers
+# SPDX-License-Identifier: MIT
+
+import signal
+import time
+import unittest
+
+from item_pictures import ItemPictures
+from session import ROOT, Area, Failure, Session, becomes, panels, picture, run, wait_for
+
+PICTURES = ROOT / "build/panels"
+SHADOW = 18
+
+
+class PanelSession(Session):
+    """The whole program on a virtual desktop, with assistive technology's bus."""
+
+    kind = panels.MATE
+
+    def set_up_desktop(self):
+        PICTURES.mkdir(parents=True, exist_ok=True)
+        self.desktop.start_display()
+        self.desktop.start_session(self.kind)
+        self.desktop.start_accessibility()
+        self.screen = self.desktop.screen
+        # The panel and some of what is below it.
+        self.panel_area = Area(0, 0, self.screen.width, 2 * panels.HEIGHT)
+
+    def start_program(self):
+        self.program = self.launch()
+        self.assert_becomes(self.simulator.connection_count, 1)
+
+    def is_bare(self, area):
+        return self.desktop.picture(area).is_bare()
+
+    def shows_panel(self):
+        """Whether there is something across the middle of the screen's upper edge."""
+        return not self.is_bare(Area(self.screen.width // 2, 4, 1, 2 * panels.HEIGHT))
+
+    def open_popover(self, item):
+        """Clicks the item and, where the panel gives clicks no other meaning, chooses the first
+        entry of its menu. Waits until the popover has the keyboard."""
+        if not self.kind.click_opens_menu:
+            self.desktop.click(item)
+            return wait_for(self.popover, "the popover")
+        below = Area(item[0] - 240, panels.HEIGHT, 260, 60)
+        before = self.desktop.picture(below)
+        # On a busy machine the click may come while the panel still makes room for the item, and the
+        # keys before the menu has taken the keyboard.
+        for _ in range(3):
+            self.desktop.click(item)
+            if not becomes(lambda: self.desktop.picture(below) != before, 5):
+                continue
+            self.desktop.press("Down", "Return")
+            if found := becomes(self.popover, 5):
+                return found
+            self.desktop.press("Escape")
+            becomes(lambda: self.desktop.picture(below) == before, 2)
+        raise Failure("the menu opens no popover")
+
+    def popover(self):
+        """Where the popover is without its shadow; nothing until it has the keyboard."""
+        window = self.desktop.active_window("Quorvel")
+        if not window:
+            return None
+        left, top, width, height = picture.window_area(window, self.desktop.environment)
+        return Area(left + SHADOW, top + SHADOW, width - 2 * SHADOW, height - 2 * SHADOW)
+
+    def shows_watchlist(self):
+        return any(part.role == "list" and part.name == "Watchlist"
+                   for part in self.desktop.parts())
+
+    def click_on(self, role, name, button=1):
+        self.desktop.click(self.desktop.part(role, name).center, button)
+
+    def open_other_window(self, *place):
+        """Another program's window in the middle of the screen, with the keyboard."""
+        self.desktop.start("other", ["xev", "-geometry", "300x200+500+550", "-name", "Other"])
+        return wait_for(lambda: self.desktop.active_window("Other"), "the other window")
+
+
+class EachPanel:
+    def set_up_desktop(self):
+        super().set_up_desktop()
+        self.file = PICTURES / f"{self.kind.name}.png"
+        self.file.unlink(missing_ok=True)
+
+    def still_picture(self, seconds):
+        """The panel once nothing has changed on it for that long."""
+        still, since = self.desktop.picture(self.panel_area), time.monotonic()
+        deadline = since + 10
+        while time.monotonic() < min(since + seconds, deadline):
+            now = self.desktop.picture(self.panel_area)
+            if now != still:
+                still, since = now, time.monotonic()
+        return still
+
+    def pictures(self):
+        taken = []
+        for price, change in (("65432.10", "1.234"), ("75432.10", "1.234"), ("75432.11", "1.234"),
+                              ("75432.11", "-1.234")):
+            self.simulator.push("BTCUSDT", price, change)
+            if taken:
+                becomes(lambda: self.desktop.picture(self.panel_area) != taken[-1], 2)
+            # Prices change once a second.
+            taken.append(self.still_picture(0.1 if taken else 1.2))
+        return ItemPictures(*taken)
+
+    def readable_pictures(self):
+        """The pictures, seeing that nothing is wrong with them in the end."""
+        place = (Area(0, 0, self.screen.width, panels.HEIGHT) if self.kind.commands else
+                 Area(self.screen.width // 2, 0, self.screen.width // 2, 2 * panels.HEIGHT))
+        deadline = time.monotonic() + 20
+        while (faults := (taken := self.pictures()).faults(place, self.kind.draws_colors)) \
+                and time.monotonic() < deadline:
+            pass
+        self.assertEqual(faults, "")
+        taken.cents.save(self.file)
+        return taken
+
+    def is_placed_for(self, item):
+        """Whether the popover is on the screen, and, where programs place their windows themselves,
+        beside the item."""
+        shown = self.popover()
+        return shown and self.screen.contains(shown) and (
+            self.kind.is_on_wayland or (item[1] <= shown.top < item[1] + panels.HEIGHT
+                                        and shown.left < item[0] < shown.right))
+
+    def test_it_shows_the_item_of_a_program_that_was_there_before(self):
+        self.profile.watch("BTC*")
+        self.profile.prefer({"display.mode": "fixed", "display.colorScheme": "greenUpRedDown"})
+        self.start_program()
+        if not self.kind.is_on_wayland:
+            # A strip while there is no panel.
+            self.assert_becomes(lambda: self.is_bare(self.panel_area), False)
+        self.desktop.start_panel()
+        item = self.readable_pictures().last_figure.center
+        if self.kind.commands:
+            # Less the panel's border.
+            below = Area(0, panels.HEIGHT + 2, self.screen.width, panels.HEIGHT - 2)
+            self.assertTrue(self.is_bare(below), "the strip stays beside the panel")
+        self.open_popover(item)
+        # Window managers may have another place for it at first.
+        self.assertTrue(becomes(lambda: self.is_placed_for(item), 5), self.popover())
+        self.close_popover(item)
+        self.desktop.move(self.screen.center)
+        if self.kind.commands:
+            self.desktop.end_panel()
+            self.assert_becomes(self.shows_panel, False)
+            self.desktop.start_panel()
+            self.readable_pictures()
+
+    def close_popover(self, item):
+        """By another click where that is no menu, and sees that this does not open it anew."""
+        time.sleep(0.5)  # longer than between the clicks of a double click
+        if self.kind.click_opens_menu:
+            self.desktop.press("Escape")
+        else:
+            self.desktop.click(item)
+        self.assert_becomes(self.shows_watchlist, False)
+        self.assertFalse(becomes(self.shows_watchlist, 0.5), "opened anew")
+
+
+class Mate(EachPanel, PanelSession):
+    kind = panels.MATE
+
+
+class Xfce(EachPanel, PanelSession):
+    kind = panels.XFCE
+
+
+class Waybar(EachPanel, PanelSession):
+    kind = panels.WAYBAR
+
+
+class NoPanel(EachPanel, PanelSession):
+    kind = panels.NONE
+
+
+class Strip(PanelSession):
+    kind = panels.NONE
+
+    def setUp(self):
+        super().setUp()
+        self.profile.watch("BTC*")
+        self.start_program()
+        wait_for(self.strip, "the strip")
+
+    def strip(self):
+        """Where the program's one window is; nothing while none is shown."""
+        windows = run(["xdotool", "search", "--onlyvisible", "--pid", self.program.id],
+                      self.desktop.environment, check=False).split()
+        return picture.window_area(windows[0], self.desktop.environment) if windows else None
+
+    def settled_strip(self):
+        """Where the strip is once it does not move."""
+        places = [None, self.strip()]
+        while not places[-1] or places[-1] != places[-2]:
+            time.sleep(0.3)
+            places.append(self.strip())
+        return places[-1]
+
+    def test_a_full_screen_window_hides_it(self):
+        other = self.open_other_window()
+        # A window tells so before it is shown.
+        self.desktop.do("windowunmap", other)
+        run(["xprop", "-id", other, "-f", "_NET_WM_STATE", "32a",
+             "-set", "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN"], self.desktop.environment)
+        self.desktop.do("windowmap", other)
+        self.assert_becomes(self.strip, None)
+        self.desktop.do("windowunmap", other)
+        wait_for(self.strip, "the strip")
+
+    def test_it_stays_where_it_was_dragged_to_after_a_restart(self):
+        before = self.settled_strip()
+        self.desktop.drag(before.center, (self.screen.width // 3, self.screen.height - 20))
+        wait_for(lambda: 'stripPosition="bottom,' in self.profile.configuration.read_text(),
+                 "the place in the preferences")
+        dragged = self.settled_strip()
+        self.assertGreater(dragged.top, self.screen.height - 60)
+        self.assertLess(abs(dragged.center[0] - self.screen.width // 3), 60)
+        self.end(signal.SIGTERM)
+        self.start_program()
+        wait_for(self.strip, "the strip")
+        self.assertEqual(self.settled_strip(), dragged)
+
+
+class Popover(PanelSession):
+    """In the panel with labels."""
+
+    def start(self, *pairs):
+        """Starts the panel and then the program, and waits for the item."""
+        self.profile.watch(*pairs or ("BTC*", "ETH"))
+        self.desktop.start_panel()
+        self.assert_becomes(self.shows_panel, True, 20)
+        end = Area(self.screen.width - 60, 0, 60, panels.HEIGHT)
+        empty = self.desktop.picture(end)
+        self.start_program()
+        self.assert_becomes(lambda: self.desktop.picture(end) != empty, True, 20)
+        self.item = self.screen.width - 40, panels.HEIGHT // 2
+        return self.open_popover(self.item)
+
+    def is_subscribed(self, stream):
+        return any("SUBSCRIBE" in detail["text"] and stream in detail["text"]
+                   for detail in self.simulator.details("text"))
+
+    def assert_stored(self, *pairs):
+        self.assert_becomes(self.profile.watched, list(pairs))
+
+    def test_a_click_elsewhere_closes_it(self):
+        self.start()
+        self.open_other_window()
+        self.assert_becomes(self.shows_watchlist, False)
+
+    def test_it_shows_the_price_of_a_pair_that_is_added(self):
+        self.simulator.push("ADAUSDT", "0.4321", "-2.5")
+        self.start()
+        self.desktop.type("ada")
+        self.desktop.part("push button", "Add ADA")
+        self.desktop.press("Return")
+        self.assert_becomes(lambda: self.is_subscribed("adausdt@ticker"), True)
+        self.desktop.part("list item", "ADAUSDT, 0.4321, -2.50%")
+        self.simulator.push("ADAUSDT", "0.5", "3")
+        self.desktop.part("list item", "ADAUSDT, 0.5, +3.00%")
+
+    def test_it_is_walked_by_keys_alone(self):
+        self.start()
+        self.desktop.type("xrp")
+        self.desktop.press("Return")
+        self.assert_stored("BTC*", "ETH", "XRP")
+        self.desktop.press("Down", "End", "alt+Up")
+        self.assert_stored("BTC*", "XRP", "ETH")
+        self.desktop.press("Menu", "Down", "Down", "Down", "Return")
+        self.assert_stored("BTC*", "XRP*", "ETH")
+        self.desktop.press("Home", "Delete")
+        self.assert_stored("XRP*", "ETH")
+        self.assertTrue(self.shows_watchlist())
+        self.desktop.press("Escape")
+        self.assert_becomes(self.shows_watchlist, False)
+        self.assertTrue(self.program.is_running())
+
+    def test_an_alert_made_from_a_rows_menu_is_told(self):
+        self.simulator.push("ETHUSDT", "3000", "1")
+        self.desktop.start_daemon()
+        reader = self.desktop.start_tool("notification_reader")
+        wait_for(lambda: reader.errors.read_text(), "the reader of notifications")
+        self.start()
+        self.click_on("list item", "ETHUSDT, 3,000.00", 3)
+        self.desktop.press("Up", "Up", "Return")  # the last entry but one
+        self.desktop.part("push button", "Add")
+        self.desktop.type("3100")
+        self.click_on("push button", "Add")
+        self.desktop.part("check box", "ETH Rises above 3,100.00")
+        self.simulator.push("ETHUSDT", "3100.5", "1.5")
+        line = wait_for(reader.lines, "the notification")[0]
+        self.assertTrue(line.endswith("ETH Rises above 3,100.00 | Now 3,100.50  +1.50%"), line)
+        self.desktop.part("label", "Triggered")
+
+    def test_the_program_starts_anew_in_the_language_that_is_chosen(self):
+        self.start()
+        self.click_on("push button", "Settings…")
+        self.desktop.part("combo box", "")
+        # From the first control back to the last but one.
+        self.desktop.press("shift+Tab", "shift+Tab", "Down", "Down", "Tab")
+        self.desktop.part("push button", "Restart Now")
+        self.desktop.press("space")
+        self.assertEqual(self.program.status(), 0)
+        self.open_popover(self.item)
+        self.desktop.part("text", "搜索币种，例如 BTC")
+        self.click_on("push button", "退出")
+        self.assert_becomes(self.desktop.parts, [])
+
+
+if __name__ == "__main__":
+    unittest.main()
