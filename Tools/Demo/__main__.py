@@ -110,10 +110,12 @@ def run(options, virtual, processes):
                         environment | {"PYTHONPATH": desktop.TOOLS}, stdout=sink)
 
     running = []
+    prepared = dict(profile.preferences)
 
     def start_program(preferences, variables):
         while running:
             processes.stop(running.pop())
+        profile.preferences = dict(prepared)
         profile.prefer(preferences)
         running.append(processes.start("quorvel", [RELEASE / "Quorvel/quorvel"],
                                        profile.environment(environment) | variables))
