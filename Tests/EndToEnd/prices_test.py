@@ -160,7 +160,7 @@ class Alerts(Session):
     def set_up_desktop(self):
         self.desktop.start_display()
         super().set_up_desktop()
-        self.desktop.start_daemon()
+        self.daemon = self.desktop.start_daemon()
         self.reader = self.desktop.start_tool("notification_reader")
         wait_for(lambda: self.reader.errors.read_text(), "the reader of notifications")
 
@@ -207,6 +207,21 @@ class Alerts(Session):
         wait_for(lambda: not self.profile.alerted()[0]["isEnabled"], "the alert to fire")
         self.end(signal.SIGTERM)
         self.assertEqual(self.shown(1), ["BTC Rises above 66,000.00 | Now 66,001.00  +2.00%"])
+
+    def test_a_second_start_takes_over_from_a_first_that_ends_once_they_are_delivered(self):
+        self.profile.alert(("BTC", "priceRisesAbove", 66000))
+        self.start_with_prices()
+        self.daemon.send(signal.SIGSTOP)
+        self.simulator.push("BTCUSDT", "66001", "2")
+        wait_for(lambda: not self.profile.alerted()[0]["isEnabled"], "the alert to fire")
+        self.program.send(signal.SIGTERM)
+        second = self.launch()
+        time.sleep(0.5)
+        self.assertTrue(self.program.is_running())
+        self.daemon.send(signal.SIGCONT)
+        self.assertEqual(self.program.status(), 0)
+        self.program = second
+        self.assert_becomes(lambda: self.listed() is not None, True)
 
 
 if __name__ == "__main__":

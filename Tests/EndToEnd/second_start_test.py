@@ -69,16 +69,6 @@ class SecondStart(Session):
         self.start()
         self.assertEqual(self.listeners(), [self.program.id])
 
-    def test_it_takes_over_from_a_first_that_is_ending(self):
-        for _ in range(3):
-            self.start()
-            self.program.send(signal.SIGTERM)
-            second = self.launch()
-            self.assertEqual(self.program.status(), 0)
-            self.program = second
-            self.assert_becomes(lambda: self.listed() is not None, True)
-            self.end(signal.SIGTERM)
-
     def test_one_is_left_of_several_at_the_same_instant(self):
         self.bus = self.desktop.connect()
         programs = [self.launch() for _ in range(3)]

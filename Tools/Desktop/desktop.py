@@ -167,6 +167,7 @@ class Desktop:
         settings = self.configure("dunstrc", DAEMON_SETTINGS)
         daemon = self.start("daemon", ["dunst", "-conf", settings])
         wait_for(lambda: has_owner(NOTIFICATIONS, self.environment), "the daemon", 20, daemon)
+        return daemon
 
     def _start_wayland(self):
         """A compositor whose one output is the display, with an X server for those who want one. It
