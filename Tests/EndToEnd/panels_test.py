@@ -172,6 +172,8 @@ class Popover(PanelSession):
     def test_a_click_elsewhere_closes_it(self):
         self.open_popover_of_two_pairs()
         self.desktop.press("Escape")
+        below = Area(self.screen.width // 2, panels.HEIGHT + 2, self.screen.width // 2, 60)
+        self.assert_becomes(lambda: self.is_bare(below), True)
         other = self.open_other_window()
         self.open_popover(self.item)
         self.assert_becomes(self.shows_watchlist, True)
