@@ -57,6 +57,36 @@ class Accessibility(PanelSession):
             ("push button", "Quit", ""),
         ])
 
+    def test_the_settings_are_told_with_what_is_chosen(self):
+        self.click_on("push button", "Settings…")
+        controls = [
+            ("combo box", "Display", "Rotate one"),
+            ("spin button", "Rotation interval: 5s", "5"),
+            ("combo box", "Content", "Price and change"),
+            ("check box", "Show icon", "checked"),
+            ("check box", "Show up/down arrow", "checked"),
+            ("combo box", "Theme", "Follow system"),
+            ("radio button", "Red up, green down", "checked"),
+            ("radio button", "Green up, red down", ""),
+            ("combo box", "Chart period", "24 hours"),
+            ("check box", "BTC Rises above 70,000.00", "checked"),
+            ("push button", "Delete BTC Rises above 70,000.00", "Delete"),
+            ("combo box", "Coin", "Choose…"),
+            ("combo box", "Condition", "Price rises above"),
+            ("text", "Threshold", ""),
+            ("check box", "Repeat", ""),
+            ("push button", "Add", "Choose a coin first"),
+            ("combo box", "Language", "Follow system"),
+            ("check box", "Launch Quorvel at login", ""),
+        ]
+        self.assert_told("settings", controls)
+        # By keys, from the first control on: each tells of its change.
+        self.desktop.press("Down", "Tab", "Up", "Tab", "Tab", "space")
+        controls[0] = ("combo box", "Display", "Side by side")
+        controls[1] = ("spin button", "Show up to 4", "4")
+        controls[3] = ("check box", "Show icon", "")
+        self.assert_told("settings-changed", controls)
+
 
 if __name__ == "__main__":
     unittest.main()
