@@ -11,17 +11,13 @@
 
 namespace test {
 
-/// A session bus of a test's own: a dbus-daemon that ends with this object. Processes of other
-/// users may use it.
+/// A session bus of a test's own: a dbus-daemon that ends with this object.
 ///
 /// The environment names it as the session bus while it lives. Qt looks there only once in a
 /// process, so a process with several of these uses the connections made here.
 class PrivateBus {
 public:
-    /// The services that the daemon starts when they are called for.
-    enum class Services { none, installed };
-
-    explicit PrivateBus(Services services = Services::none);
+    PrivateBus();
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
     ~PrivateBus();
@@ -35,7 +31,7 @@ public:
     void stop();
 
 private:
-    QString writeConfiguration(Services services) const;
+    QString writeConfiguration() const;
 
     QTemporaryDir directory_;
     ChildProcess daemon_;

@@ -8,7 +8,6 @@
 #include <QTcpSocket>
 #include <QThread>
 
-#include <csignal>
 #include <stdexcept>
 
 namespace test {
@@ -45,20 +44,8 @@ QByteArray exchange(quint16 port, const QByteArray& bytes) {
 
 } // namespace
 
-SimulatorProcess::SimulatorProcess(const QStringList& arguments) : arguments_(arguments) {
-    start();
-}
-
-SimulatorProcess::~SimulatorProcess() {
-    kill();
-}
-
-void SimulatorProcess::start() {
-    std::vector<std::string> command{executablePath().toStdString(), "--quiet", "--port",
-                                     std::to_string(port_)};
-    for (const QString& argument : arguments_)
-        command.push_back(argument.toStdString());
-    process_.start(std::move(command));
+SimulatorProcess::SimulatorProcess() {
+    process_.start({QUORVEL_SIMULATOR, "--quiet"});
     static const QRegularExpression address(
         QStringLiteral("^listening on http://127\\.0\\.0\\.1:(\\d+)$"));
     const QString line = QString::fromStdString(process_.readLine(patience));
@@ -68,8 +55,8 @@ void SimulatorProcess::start() {
     port_ = match.captured(1).toUShort();
 }
 
-QString SimulatorProcess::executablePath() {
-    return QStringLiteral(QUORVEL_SIMULATOR);
+SimulatorProcess::~SimulatorProcess() {
+    kill();
 }
 
 QUrl SimulatorProcess::restURL() const {
@@ -124,20 +111,8 @@ std::optional<int> SimulatorProcess::closeCode() const {
     return closed.last()[u"code"].toInt();
 }
 
-int SimulatorProcess::stop() {
-    process_.sendSignal(SIGTERM);
-    const auto status = process_.waitForEnd(patience);
-    if (!status)
-        throw std::runtime_error("the simulator did not end");
-    return *status;
-}
-
 void SimulatorProcess::kill() {
     process_.kill();
-}
-
-void SimulatorProcess::restartOnSamePort() {
-    start();
 }
 
 } // namespace test

@@ -7,7 +7,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QStringList>
+#include <QString>
 #include <QUrl>
 
 #include <chrono>
@@ -23,13 +23,10 @@ namespace test {
 /// Calls throw std::runtime_error when the simulator does not do what it is told.
 class SimulatorProcess {
 public:
-    /// Starts it and waits until it listens. `arguments` are added to `--quiet`.
-    explicit SimulatorProcess(const QStringList& arguments = {});
+    /// Starts it and waits until it listens.
+    SimulatorProcess();
     ~SimulatorProcess();
     Q_DISABLE_COPY_MOVE(SimulatorProcess)
-
-    /// Where the executable was built.
-    static QString executablePath();
 
     quint16 port() const { return port_; }
     /// The base of the REST interface, without a path.
@@ -63,19 +60,10 @@ public:
     /// absent where there is none or it went without.
     std::optional<int> closeCode() const;
 
-    /// Ends it by SIGTERM and gives its exit status.
-    int stop();
-
     /// Ends it by SIGKILL.
     void kill();
 
-    /// Starts it once more where it was, after `stop` or `kill`.
-    void restartOnSamePort();
-
 private:
-    void start();
-
-    QStringList arguments_;
     ChildProcess process_;
     quint16 port_ = 0;
 };

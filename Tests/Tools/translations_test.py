@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 the Quorvel developers
 # SPDX-License-Identifier: MIT
 
-"""Tests of the check of translations: each fault that it is there for, and a table of our own."""
+"""Tests of the check of translations: each fault that it is there for."""
 
 import importlib.util
 import pathlib
@@ -61,10 +61,8 @@ class Tables(unittest.TestCase):
     def faults(self, xml, texts=tuple(TEXTS)):
         return list(translations.faults_of_table("Kit", "zh-Hans", xml, list(texts)))
 
-    def test_a_whole_table_passes(self):
-        self.assertEqual(self.faults(table(FALLS + NOW)), [])
-
     def test_each_fault_is_found(self):
+        self.assertEqual(self.faults(table(FALLS + NOW)), [])
         for named, messages in [
                 ("no translation", FALLS),
                 ("no code uses it", FALLS + NOW + message("Rises above %1", "涨破 %1")),
@@ -73,9 +71,7 @@ class Tables(unittest.TestCase):
                 ("unfinished", NOW + message("Falls below %1", "跌破 %1", 'type="unfinished"')),
                 ("vanished", NOW + message("Falls below %1", "跌破 %1", 'type="vanished"')),
                 ("placeholders", NOW + message("Falls below %1", "跌破")),
-                ("placeholders", NOW + message("Falls below %1", "跌破 %2")),
                 ("placeholders", NOW + message("Falls below %1", "跌破 %1 %1")),
-                ("blanks", NOW + message("Falls below %1", "跌破 %1 ")),
                 ("blanks", FALLS + message("Now %1  %2", "现价 %1 %2")),
                 ("plural", NOW + FALLS.replace("<message", '<message numerus="yes"'))]:
             faults = self.faults(table(messages))
@@ -86,17 +82,6 @@ class Tables(unittest.TestCase):
         self.assertEqual(len(self.faults(table(FALLS + NOW, language="zh_TW"))), 1)
         self.assertEqual(len(self.faults(table(FALLS, module="Other"), texts=())), 1)
         self.assertEqual(len(self.faults("<TS>")), 1)
-
-    def test_a_translation_taken_out_of_the_projects_own_table_is_missed(self):
-        xml = (ROOT / "QuorvelKit/Resources/zh-Hans.ts").read_text(encoding="utf-8")
-        path = "QuorvelKit/Alerts/AlertRule.cpp"
-        texts, wrong = translations.texts_of(path, (ROOT / path).read_text(encoding="utf-8"))
-        self.assertIn("Falls below %1", texts)
-        self.assertEqual(wrong, [])
-        without = xml.replace("<source>Falls below %1</source>", "<source>Falls under %1</source>")
-        faults = list(translations.faults_of_table("QuorvelKit", "zh-Hans", without, texts))
-        self.assertIn('"Falls below %1": it has no translation', faults)
-        self.assertIn('"Falls under %1": no code uses it', faults)
 
 
 if __name__ == "__main__":

@@ -11,13 +11,15 @@ packages_build=(
     qt6-base-dev qt6-svg-dev qt6-websockets-dev qt6-l10n-tools libsimdjson-dev
     libx11-dev libxcb1-dev
 )
-packages_test=(libgtest-dev libgmock-dev dbus-daemon python3 python3-dbusmock python3-gi xvfb dunst)
+packages_test=(
+    libgtest-dev libgmock-dev dbus-daemon python3 python3-dbus python3-dbusmock python3-gi xvfb dunst
+)
 packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)
 packages_desktop=(
     xvfb dbus-daemon openbox picom xdotool imagemagick x11-utils
     mate-panel mate-indicator-applet ayatana-indicator-application dunst
     xfce4-panel sway xwayland waybar
-    adwaita-icon-theme fonts-dejavu-core fonts-wqy-microhei at-spi2-core python3-pyatspi
+    adwaita-icon-theme fonts-dejavu-core fonts-wqy-microhei at-spi2-core gir1.2-atspi-2.0
 )
 packages_wayland=(qt6-wayland)
 packages_bench=(libbenchmark-dev python3)

@@ -7,21 +7,35 @@ import argparse
 import os
 import re
 import select
+import shutil
 import signal
 import sys
+import threading
 import time
+from decimal import Decimal
 from pathlib import Path
 
-import desktop
-import picture
-from children import Children, Failure
-from profile import OTHERS, PINNED, Profile
-from tour import Tour
-
 ROOT = Path(__file__).absolute().parents[2]
+sys.path.insert(0, str(ROOT / "Tools"))
+
+from Desktop import desktop, panels, picture  # noqa: E402
+from Desktop.desktop import Desktop  # noqa: E402
+from Desktop.processes import Failure, Processes  # noqa: E402
+from Desktop.profile import Profile  # noqa: E402
+from Desktop.simulator import Simulator  # noqa: E402
+from tour import Tour  # noqa: E402
+
 FOLDER = ROOT / "build" / "demo"
 RELEASE = ROOT / "build" / "release"
-SEED = 20
+SCREEN = (1920, 1200)
+
+PINNED = ["BTC", "ETH", "SOL"]
+OTHERS = ["BNB", "XRP", "DOGE"]
+# Few enough to read at a glance, and each of them moves every second.
+SHOWN_AT_ONCE = 2
+# How far from the first price, or change, a price has to walk for an alert; it takes seconds.
+PRICE_STEP = Decimal("0.0002")
+CHANGE_STEP = Decimal("0.02")
 
 NOTIFICATION = "Notification: "
 # The picture shows the first two together, once the daemon has drawn them.
@@ -40,9 +54,21 @@ def main():
     options = arguments()
     for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, signal.default_int_handler)
-    children = Children(FOLDER / "log")
+    for name in ("panel.png", "screen.png", "notification.png", *Tour.pictures()):
+        (FOLDER / name).unlink(missing_ok=True)
+    shutil.rmtree(FOLDER / "desktop", ignore_errors=True)
+    (FOLDER / "desktop").mkdir(parents=True)
+    processes = None
     try:
-        run(options, children)
+        if options.desktop == "virtual":
+            print("There is no desktop here: starting a virtual one with a panel.")
+            virtual = Desktop(FOLDER / "desktop")
+            processes = virtual.processes
+            prepare(virtual)
+        else:
+            virtual = None
+            processes = Processes(FOLDER / "desktop/log")
+        run(options, virtual, processes)
         return 0
     except Failure as failure:
         print(f"The demo failed: {failure}", file=sys.stderr)
@@ -53,7 +79,8 @@ def main():
     finally:
         signal.signal(signal.SIGINT, signal.SIG_IGN)
         signal.signal(signal.SIGTERM, signal.SIG_IGN)
-        children.end()
+        if processes:
+            processes.end()
 
 
 def arguments():
@@ -64,91 +91,107 @@ def arguments():
     return parser.parse_args()
 
 
-def run(options, children):
-    for name in ("panel.png", "screen.png", "notification.png", *Tour.pictures()):
-        (FOLDER / name).unlink(missing_ok=True)
-    profile = Profile(FOLDER / "profile")
-    if options.desktop == "virtual":
-        print("There is no desktop here: starting a virtual one with a panel.")
-        environment = desktop.virtual(children, profile)
-    else:
-        environment = desktop.own_session()
+def prepare(virtual):
+    """A display with the panel that shows labels, and a notification daemon."""
+    virtual.start_display(*SCREEN)
+    virtual.start_session(panels.MATE)
+    virtual.start_panel()
+    virtual.start_daemon()
 
-    simulator = children.start(
-        "simulator",
-        [str(RELEASE / "Tools/ExchangeSimulator/exchange-simulator"),
-         "--port", "0", "--seed", str(SEED)],
-        environment)
-    profile.prepare(rest_url(simulator))
+
+def run(options, virtual, processes):
+    environment = virtual.environment if virtual else desktop.own_session()
+    simulator = Simulator(processes, RELEASE, environment, "--seed", "20")
+    profile = Profile(FOLDER / "profile")
+    fill(profile, simulator)
     source, sink = os.pipe()
-    for name in ("reader", "notifications"):
-        children.start(name, ["/usr/bin/python3", str(ROOT / f"Tools/Demo/{name}.py")],
-                       environment, stdout=sink)
+    for module in ("item_reader", "notification_reader"):
+        processes.start(module, [*desktop.PYTHON, f"Desktop.{module}"],
+                        environment | {"PYTHONPATH": desktop.TOOLS}, stdout=sink)
+
+    running = []
+    prepared = dict(profile.preferences)
 
     def start_program(preferences, variables):
-        children.stop("quorvel")
+        while running:
+            processes.stop(running.pop())
+        profile.preferences = dict(prepared)
         profile.prefer(preferences)
-        children.start("quorvel", [str(RELEASE / "Quorvel/quorvel")],
-                       profile.environment(environment) | variables)
+        running.append(processes.start("quorvel", [RELEASE / "Quorvel/quorvel"],
+                                       profile.environment(environment) | variables))
 
-    tour = None
-    if options.desktop == "virtual" and (options.seconds or TOUR_TAKES) >= TOUR_TAKES:
-        tour = Tour(FOLDER, environment, start_program)
-        tour.start()
-    else:
-        start_program({}, {})
-        print("Pictures of the windows are taken on a virtual desktop only, and take"
-              f" {TOUR_TAKES} seconds.")
-
+    show = Show(source, environment)
+    end = time.monotonic() + options.seconds if options.seconds else float("inf")
     print("The status text as the panel gets it, and notifications as the daemon takes them"
           + ("" if options.seconds else ", until Ctrl-C") + ":")
-    show = Show(source, children, environment)
-    show.follow(options.seconds, tour)
-    print(f"Saved {picture.save(FOLDER, environment).relative_to(ROOT)}")
+    try:
+        if virtual and (options.seconds or TOUR_TAKES) >= TOUR_TAKES:
+            Tour(FOLDER, virtual, start_program, end + TOUR_GRACE).run()
+        else:
+            start_program({}, {})
+            print("Pictures of the windows are taken on a virtual desktop only, and take"
+                  f" {TOUR_TAKES} seconds.")
+        while time.monotonic() < end and not show.failure:
+            processes.check()
+            time.sleep(0.25)
+    except KeyboardInterrupt:
+        print()
+    show.end()
+    print(f"Saved {picture.save_panel(FOLDER, environment).relative_to(ROOT)}")
     show.judge(options.seconds)
 
 
-def rest_url(simulator):
-    """The address in the simulator's first line."""
-    found = re.fullmatch(r"listening on (http://\S+?)/?", simulator.first_line())
-    if not found:
-        raise Failure("the simulator does not tell its address")
-    return found[1]
+def fill(profile, simulator):
+    """Preferences that lead to the simulator, a watchlist, and alerts that soon fire: one above and
+    one below the present values of each pair."""
+    profile.use_exchange(simulator)
+    profile.prefer({"display.mode": "sideBySide", "display.sideBySideLimit": SHOWN_AT_ONCE})
+    profile.watch(*(f"{base}*" for base in PINNED), *OTHERS)
+    rules = []
+    for base in PINNED:
+        ticker = simulator.fetch(f"/api/v3/ticker/24hr?symbols=[%22{base}USDT%22]")[0]
+        price, change = Decimal(ticker["lastPrice"]), Decimal(ticker["priceChangePercent"])
+        step = price * PRICE_STEP
+        rules += [(base, "priceRisesAbove", float(round(price + step, 2))),
+                  (base, "priceFallsBelow", float(round(price - step, 2))),
+                  (base, "changeRisesAbove", float(round(change + CHANGE_STEP, 2))) if change > 0
+                  else (base, "changeFallsBelow", float(round(change - CHANGE_STEP, 2)))]
+    profile.alert(*rules)
 
 
-class Show:
+class Show(threading.Thread):
     """What the readers print, passed on and kept."""
 
-    def __init__(self, source, children, environment):
+    def __init__(self, source, environment):
+        super().__init__(daemon=True)
         self.source = source
-        self.children = children
         self.environment = environment
         self.rest = b""
         self.texts = []
         self.notifications = []
         self.picture_due = float("inf")
+        self.is_ending = False
+        self.failure = None
+        self.start()
 
-    def follow(self, seconds, tour):
-        """Passes on what the readers print until the time is over or Ctrl-C."""
-        end = time.monotonic() + seconds if seconds else float("inf")
-        last = end + TOUR_GRACE
+    def run(self):
         try:
-            while (left := (last if tour and tour.is_alive() else end) - time.monotonic()) > 0:
-                self.children.check()
-                if tour and tour.failure:
-                    raise tour.failure
-                if select.select([self.source], [], [], min(left, 0.25))[0]:
+            while not self.is_ending:
+                if select.select([self.source], [], [], 0.25)[0]:
                     self.read()
                 if time.monotonic() > self.picture_due:
                     self.picture_notification()
-        except KeyboardInterrupt:
-            print()
-        if self.picture_due < float("inf"):
-            self.picture_notification()
-        if tour and tour.failure:
-            raise tour.failure
-        if tour and seconds and tour.is_alive():
-            raise Failure("the windows' pictures took too long")
+            if self.picture_due < float("inf"):
+                self.picture_notification()
+        except Exception as error:  # else it would be lost with this thread
+            self.failure = error if isinstance(error, Failure) else Failure(repr(error))
+
+    def end(self):
+        """Stops reading; raises what has failed."""
+        self.is_ending = True
+        self.join()
+        if self.failure:
+            raise self.failure
 
     def read(self):
         *lines, self.rest = (self.rest + os.read(self.source, 65536)).split(b"\n")

@@ -35,7 +35,6 @@ struct WebSocketFrame {
     Opcode opcode = Opcode::text;
     QByteArray payload;
 
-    bool isControl() const { return opcode >= Opcode::close; }
 };
 
 /// The wire bytes of a message cut into `fragments` frames (at least 1) of about equal size, as a

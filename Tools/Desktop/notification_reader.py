@@ -7,6 +7,7 @@ Runs as a process of its own, beside whatever daemon the session has, and sees w
 daemon and what the daemon answers.
 """
 
+import sys
 from datetime import datetime
 from html import unescape
 
@@ -50,4 +51,5 @@ if __name__ == "__main__":
     bus.add_message_filter(Listener().see)
     bus.call_blocking("org.freedesktop.DBus", "/org/freedesktop/DBus",
                       "org.freedesktop.DBus.Monitoring", "BecomeMonitor", "asu", (RULES, 0))
+    print("listening", file=sys.stderr, flush=True)
     GLib.MainLoop().run()
