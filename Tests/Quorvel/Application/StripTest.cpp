@@ -10,6 +10,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <xcb/xcb.h>
+
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 using namespace platform;
@@ -84,14 +86,16 @@ TEST_F(Strip, ComesBackToItsPlace) {
 
 TEST_F(Strip, MakesWayForAWindowThatFillsTheScreen) {
     launch();
-    QWidget film;
-    film.setGeometry(screen());
-    film.show();
-    const auto window = static_cast<quint32>(film.winId());
-    const auto setFull = [window](bool isFull) {
+    // Another program's, so none of the toolkit's.
+    xcb_connection_t* const display = x11::connection();
+    const quint32 window = xcb_generate_id(display);
+    xcb_create_window(display, XCB_COPY_FROM_PARENT, window, x11::rootWindow(), 0, 0, 1280, 800, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const auto setFull = [window, display](bool isFull) {
         x11::setProperty(window, "_NET_WM_STATE", "ATOM",
                          isFull ? std::vector{x11::atom("_NET_WM_STATE_FULLSCREEN")}
                                 : std::vector<quint32>());
+        xcb_flush(display);
     };
     x11::setProperty(x11::rootWindow(), "_NET_ACTIVE_WINDOW", "WINDOW", {window});
     setFull(true);
