@@ -219,8 +219,10 @@ TEST_F(Application, RepaintsRowsForAllThatTheyShow) {
     app.quote("BTC", "70002");
     app.pass(5s);
     EXPECT_TRUE(hasChanged()) << "live again";
-    app.openSettings().press(u"Green up, red down"_s);
+    app.openSettings();
     app.openPanel();
+    hasChanged();
+    app.settings().activate(u"Green up, red down"_s);
     EXPECT_TRUE(hasChanged()) << "other colours";
 }
 
@@ -233,8 +235,13 @@ TEST_F(Application, TakesAPairFromThePanelIntoAnAlertThatNotifies) {
     settings.type(u"3600"_s);
     settings.key(Qt::Key_Return);
     EXPECT_TRUE(app.savedAlerts().contains("3600")) << app.savedAlerts().constData();
+    app.openPanel();
+    const auto name = [&] { return user.picture(app.row("ETH")).copy(0, 0, 64, 100); };
+    const QImage withBell = name();
     app.quote("ETH", "3599");
+    EXPECT_EQ(name(), withBell);
     app.quote("ETH", "3601");
+    EXPECT_NE(name(), withBell);
     EXPECT_TRUE(test::waitUntil([&] { return app.notifications().notifications().size() == 1; }));
     EXPECT_TRUE(app.savedAlerts().contains("lastTriggeredAt"));
     app.quote("ETH", "3599");

@@ -64,6 +64,11 @@ void WindowUser::press(const QString& name) {
     click(control(name));
 }
 
+void WindowUser::activate(const QString& name) {
+    dynamic_cast<QAbstractButton&>(control(name)).click();
+    drainEvents();
+}
+
 void WindowUser::click(QWidget& widget, Qt::MouseButton button) {
     click(widget, widget.rect().center(), button);
 }

@@ -31,6 +31,9 @@ public:
     /// Clicks into the middle of the control, or on another place in it.
     void press(const QString& name);
     void click(QWidget& widget, Qt::MouseButton button = Qt::LeftButton);
+
+    /// Uses a button as assistive technology does, which leaves the windows as they are.
+    void activate(const QString& name);
     void click(QWidget& widget, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 
     /// Keeps the button down there until it is released.
