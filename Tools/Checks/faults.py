@@ -92,6 +92,12 @@ class Bench:
         if status != 0:
             sys.exit(f"faults: cannot build what is without a fault\n{output[-4000:]}")
 
+    def demand_success(self, tests, limit):
+        """A case that fails anyway would seem to catch everything."""
+        verdict, who = self.judge_built(tests, limit)
+        if verdict != "escaped":
+            sys.exit(f"faults: without a fault, too: {verdict} {who}")
+
     def judge(self, path, text, targets, tests, limit):
         """What becomes of the tree with this text in place of that of `path`, and which case told.
 
@@ -158,8 +164,7 @@ def operands(text, start, end):
             begin = place + 2
         place += 1
     spans.append((begin, end))
-    return [(b + len(text[b:e]) - len(text[b:e].lstrip()), b + len(text[b:e].rstrip()))
-            for b, e in spans]
+    return [trimmed(text, *span) for span in spans]
 
 
 def conditions(text):
@@ -188,8 +193,7 @@ def conditions(text):
             whole.append(match.span(1))
     spans = set()
     for start, end in whole:
-        spans |= set(operands(bare, start, end))
-        spans |= set(operands(bare, start, end)[:0]) | {trimmed(bare, start, end)}
+        spans |= {trimmed(bare, start, end), *operands(bare, start, end)}
     return sorted(spans)
 
 
@@ -226,6 +230,7 @@ def negate(arguments):
     bench = Bench(arguments.jobs)
     bench.prepare(targets)
     tests = suites_of(targets)
+    bench.demand_success(tests, arguments.limit)
     began = time.monotonic()
     counts = {}
     for number, (path, (start, end)) in enumerate(drawn, 1):
@@ -253,6 +258,8 @@ def table(arguments):
     faults = [fault for fault in faults if not arguments.names or fault["name"] in arguments.names]
     bench = Bench(arguments.jobs)
     bench.prepare(sorted({target for fault in faults for target in fault["targets"]}))
+    for tests in sorted({fault["tests"] for fault in faults}):
+        bench.demand_success(tests, arguments.limit)
     good = 0
     for fault in faults:
         path = COPY / fault["file"]

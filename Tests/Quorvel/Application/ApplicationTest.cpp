@@ -47,6 +47,9 @@ TEST_F(Application, ShowsPricesInTheItemOnceASecond) {
     EXPECT_EQ(app.label(), "BTC 70,001.00 +1.00% ▲");
     app.pass(5s);
     EXPECT_EQ(app.label(), "ETH 3,500.00 -2.00% ▼") << "the other one's turn";
+    app.quote("ETH", "3500", "0");
+    app.pass(1s);
+    EXPECT_EQ(app.label(), "ETH 3,500.00 0.00%");
 }
 
 TEST_F(Application, OpensAndClosesThePanelByClicksOnTheItem) {
@@ -125,6 +128,24 @@ TEST_F(Application, ShowsAChangeOfTheDisplayAtOnce) {
     app.settings().choose(u"Content"_s, u"Price only"_s);
     app.pass(1s);
     EXPECT_EQ(app.label(), "BTC 70,000.00  ETH 3,500.00");
+}
+
+TEST_F(Application, ShowsTheIconWhereItIsWantedOrAllThereIs) {
+    const auto isIconSeen = [this] {
+        const QImage icon = app.icon();
+        return icon.pixelColor(icon.rect().center()).alpha() > 0;
+    };
+    app.havePreferences("display.showsIcon=false");
+    app.haveWatchlist({});
+    app.launch({"BTC"});
+    EXPECT_EQ(app.label(), "");
+    EXPECT_TRUE(isIconSeen());
+    app.openPanel().type(u"btc"_s);
+    app.panel().press(u"Add BTC"_s);
+    EXPECT_EQ(app.label(), "BTC");
+    EXPECT_FALSE(isIconSeen());
+    app.openSettings().press(u"Show icon"_s);
+    EXPECT_TRUE(isIconSeen());
 }
 
 TEST_F(Application, RepeatsStepsWhileTheButtonIsDown) {

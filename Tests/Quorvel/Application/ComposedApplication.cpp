@@ -150,16 +150,21 @@ void ComposedApplication::chooseFromItemMenu(const QString& entry) {
     throw std::out_of_range("the item's menu has no " + entry.toStdString());
 }
 
-std::string ComposedApplication::label() {
+QVariantMap ComposedApplication::itemProperties() {
     settle();
     const QDBusMessage reply =
         panelPeer_.call(programsBus_.baseService(), QStringLiteral("/StatusNotifierItem"),
                         QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"),
                         {itemInterface});
-    return qdbus_cast<QVariantMap>(reply.arguments().value(0))
-        .value(QStringLiteral("XAyatanaLabel"))
-        .toString()
-        .toStdString();
+    return qdbus_cast<QVariantMap>(reply.arguments().value(0));
+}
+
+std::string ComposedApplication::label() {
+    return itemProperties().value(QStringLiteral("XAyatanaLabel")).toString().toStdString();
+}
+
+QImage ComposedApplication::icon() {
+    return QImage(itemProperties().value(QStringLiteral("IconName")).toString());
 }
 
 QWidget* ComposedApplication::findWindow(const char* title, bool isStrip) const {

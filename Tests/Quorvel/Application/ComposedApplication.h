@@ -56,6 +56,9 @@ public:
     /// The text beside the item's icon; empty where there is none.
     std::string label();
 
+    /// The icon as panels that read files show it.
+    QImage icon();
+
     /// Windows that are to be seen; throws where one is not.
     bool isPanelOpen() const { return findWindow("Quorvel", false) != nullptr; }
     WindowUser panel() const;
@@ -91,6 +94,7 @@ private:
         return QString::fromLatin1("%1USDT").arg(QString::fromUtf8(base));
     }
     QWidget* findWindow(const char* title, bool isStrip) const;
+    QVariantMap itemProperties();
     QVariantList callMenu(const char* member, const QVariantList& arguments);
     void comeFromElsewhere();
     /// Lets what is due happen.
