@@ -15,6 +15,9 @@
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 using namespace platform;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -59,6 +62,26 @@ TEST_F(Strip, LiesInItsCornerAndOpensThePanelBesideIt) {
     app.strip().click(strip(), Qt::RightButton);
     app.strip().click(strip(), Qt::MiddleButton);
     EXPECT_FALSE(app.isPanelOpen());
+}
+
+TEST_F(Strip, IsADockOnEveryDesktopThatNeverHasTheKeyboard) {
+    launch();
+    const auto property = [this](const char* name) {
+        return x11::property(static_cast<quint32>(strip().winId()), name);
+    };
+    EXPECT_THAT(property("_NET_WM_WINDOW_TYPE"),
+                ElementsAre(x11::atom("_NET_WM_WINDOW_TYPE_DOCK")));
+    EXPECT_THAT(property("_NET_WM_DESKTOP"), ElementsAre(0xffff'ffff));
+    EXPECT_THAT(property("WM_PROTOCOLS"), Not(Contains(x11::atom("WM_TAKE_FOCUS"))));
+}
+
+TEST_F(Strip, HasTheItemsMenu) {
+    launch();
+    app.strip().chooseFromMenu(strip(), u"Settings…"_s);
+    EXPECT_TRUE(app.isSettingsOpen());
+    app.strip().chooseFromMenu(strip(), u"Quit"_s);
+    app.pass(0s);
+    EXPECT_TRUE(app.hasEnded());
 }
 
 TEST_F(Strip, StaysWhereItIsDraggedTo) {
