@@ -4,7 +4,9 @@
 #include "Tests/Quorvel/Application/ComposedApplication.h"
 #include "Tests/Support/WaitUntil.h"
 
+#include <QCursor>
 #include <QFile>
+#include <QScreen>
 #include <QScrollBar>
 
 #include <gmock/gmock.h>
@@ -68,6 +70,14 @@ TEST_F(Application, OpensAndClosesThePanelByClicksOnTheItem) {
     EXPECT_TRUE(app.isPanelOpen());
     app.panel().key(Qt::Key_Escape);
     EXPECT_FALSE(app.isPanelOpen());
+}
+
+TEST_F(Application, OpensThePanelWhereThePointerIs) {
+    launch();
+    const int middle = app.openPanel().window().screen()->geometry().center().x();
+    app.clickItem();
+    QCursor::setPos(middle + 20, 0);
+    EXPECT_NEAR(app.openPanel().window().geometry().center().x(), middle + 20, 1);
 }
 
 TEST_F(Application, ComesToTheFrontForASecondStart) {

@@ -93,6 +93,10 @@ TEST_F(Strip, StaysWhereItIsDraggedTo) {
     EXPECT_FALSE(app.isPanelOpen());
     EXPECT_THAT(app.preference("statusItem.stripPosition").toStdString(), StartsWith("left,0."));
     EXPECT_EQ(strip().x(), 4);
+    app.strip().click(strip());
+    EXPECT_LT(app.panel().window().x(), screen().center().x());
+    EXPECT_LT(app.panel().window().y(), strip().y());
+    app.strip().click(strip());
     const QPoint place = strip().pos();
     EXPECT_GT(place.y(), 200);
     app.pass(5s);

@@ -23,6 +23,10 @@ namespace test {
 namespace {
 
 QString nameOf(QWidget& widget) {
+    for (const auto* const label : widget.window()->findChildren<QLabel*>()) {
+        if (label->buddy() == &widget)
+            return label->text();
+    }
     if (!widget.accessibleName().isEmpty())
         return widget.accessibleName();
     if (const auto* const button = qobject_cast<QAbstractButton*>(&widget))
