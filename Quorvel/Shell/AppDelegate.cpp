@@ -16,7 +16,6 @@
 #include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QLocale>
@@ -29,6 +28,8 @@ using platform::StatusItem;
 namespace {
 
 std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment& environment) {
+    if (environment.makeProvider)
+        return environment.makeProvider();
     const auto endpoints = ExchangeEndpoints::fromDefaults(
         environment.defaults,
         {BinanceProvider::defaultRESTURL(), BinanceProvider::defaultStreamURL()});
@@ -43,11 +44,11 @@ platform::NotificationSender notificationSender(const QString& iconDirectory) {
             .desktopEntry = QStringLiteral("quorvel")};
 }
 
-platform::LoginItem loginItem() {
+platform::LoginItem loginItem(const QString& autostartDirectory) {
     return {{.id = QStringLiteral("quorvel"),
              .name = QStringLiteral("Quorvel"),
              .executable = QCoreApplication::applicationFilePath()},
-            platform::LoginItem::standardDirectory()};
+            autostartDirectory};
 }
 
 platform::Workspace::Program workspaceProgram() {
@@ -69,17 +70,18 @@ AppDelegate::AppDelegate(const Environment& environment)
     : environment_(environment),
       settings_(environment.defaults),
       tables_(preferredLanguages(settings_.language())),
-      notificationCenter_(notificationSender(environment.iconDirectory),
-                          QDBusConnection::sessionBus(), environment.clock),
-      workspace_(workspaceProgram(), QDBusConnection::systemBus(), environment.clock),
+      notificationCenter_(notificationSender(environment.iconDirectory), environment.sessionBus,
+                          environment.clock),
+      workspace_(workspaceProgram(), environment.systemBus, environment.clock),
       model_({.provider = makeProvider(environment),
               .settings = settings_,
               .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
-              .loginService = std::make_unique<SystemLaunchAtLoginService>(loginItem()),
+              .loginService = std::make_unique<SystemLaunchAtLoginService>(
+                  loginItem(environment.autostartDirectory)),
               .workspace = workspace_,
               .files = environment.files,
               .clock = environment.clock}),
-      appearance_(settings_, QDBusConnection::sessionBus(), environment.clock) {}
+      appearance_(settings_, environment.sessionBus, environment.clock) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -160,7 +162,7 @@ void AppDelegate::setUpStatusItem() {
                                                 .title = QStringLiteral("Quorvel"),
                                                 .iconDirectory = environment_.iconDirectory};
     statusItem_ =
-        std::make_unique<StatusItem>(identity, environment_.clock, QDBusConnection::sessionBus(),
+        std::make_unique<StatusItem>(identity, environment_.clock, environment_.sessionBus,
                                      StatusItemPreferences::options(environment_.defaults));
     statusItem_->setMenu(StatusMenu::entries());
     connect(statusItem_.get(), &StatusItem::activated, this, &AppDelegate::togglePopover);

@@ -9,6 +9,7 @@
 #include "Platform/Foundation/InstalledTables.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Platform/Popover/Popover.h"
+#include "Platform/Services/LoginItem.h"
 #include "Platform/Services/UserNotificationCenter.h"
 #include "Platform/Services/Workspace.h"
 #include "Platform/StatusBar/StatusItem.h"
@@ -17,8 +18,10 @@
 #include "Quorvel/Shell/ApplicationAppearance.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
+#include <QDBusConnection>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -38,6 +41,12 @@ public:
         const platform::FileManager& files;
         platform::UserDefaults& defaults;
         QString iconDirectory; ///< for files that last as long as the run
+        QString autostartDirectory = platform::LoginItem::standardDirectory();
+        QDBusConnection sessionBus = QDBusConnection::sessionBus();
+        QDBusConnection systemBus = QDBusConnection::systemBus();
+        /// Where prices come from. Absent: the live exchange, at the addresses that the preferences
+        /// name.
+        std::function<std::unique_ptr<MarketDataProvider>()> makeProvider = {};
     };
 
     explicit AppDelegate(const Environment& environment);

@@ -31,6 +31,8 @@ public:
     std::map<std::string, QPromise<std::vector<quorvel::Candle>>> candleRequests;
     /// While set, a snapshot waits for the test to finish this.
     std::optional<QPromise<void>> heldSnapshot;
+    /// The same for a change of subscriptions.
+    std::optional<QPromise<void>> heldSubscription;
 
     ScriptedProvider() { pairs.start(); }
 
@@ -70,7 +72,8 @@ public:
 
     platform::Task<> updateSubscriptions(quorvel::SymbolSet symbols) override {
         note("subscribe", symbols);
-        co_return;
+        if (heldSubscription)
+            co_await heldSubscription->future();
     }
 
     platform::Task<> stop() override {

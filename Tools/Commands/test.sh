@@ -4,12 +4,15 @@
 # shellcheck shell=bash
 
 # The tests that start a real panel carry the ctest label "panels". They leave a picture of each in
-# build/panels.
+# build/panels. With --faults the table of faults is planted in a copy, each to be seen by a test.
 command_test() {
-    local panels=false selection=(-LE '^panels$')
+    local panels=false faults=false selection=(-LE '^panels$')
     for argument in "$@"; do
-        [[ "$argument" == --panels ]] || fail "test: unknown argument '$argument'"
-        panels=true
+        case "$argument" in
+        --panels) panels=true ;;
+        --faults) faults=true ;;
+        *) fail "test: unknown argument '$argument'" ;;
+        esac
     done
     requirePackages build test
     if $panels; then
@@ -22,5 +25,9 @@ command_test() {
     ctest --test-dir build/debug --output-on-failure --no-tests=error -j"$(nproc)" "${selection[@]}"
     if $panels; then
         say "pictures of the panels: $(echo build/panels/*.png)"
+    fi
+    if $faults; then
+        say "planting faults"
+        Tools/Checks/faults.py table --jobs "$(nproc)"
     fi
 }

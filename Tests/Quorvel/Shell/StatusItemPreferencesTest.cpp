@@ -49,14 +49,4 @@ TEST(StatusItemPreferences, AreReadAsPeopleWriteThem) {
     }
 }
 
-TEST(StatusItemPreferences, RememberWhereTheStripWas) {
-    const QTemporaryDir directory;
-    platform::UserDefaults defaults(directory.filePath(QStringLiteral("Quorvel.conf")));
-    const StripPosition position{StripPosition::Edge::right, 0.125};
-    StatusItemPreferences::setStripPosition(defaults, position);
-    EXPECT_EQ(defaults.string(QStringLiteral("statusItem.stripPosition")),
-              QStringLiteral("right,0.125"));
-    EXPECT_EQ(StatusItemPreferences::options(defaults).stripPosition, position);
-}
-
 } // namespace

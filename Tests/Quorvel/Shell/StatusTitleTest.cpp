@@ -4,7 +4,6 @@
 #include "Quorvel/Shell/StatusTitle.h"
 
 #include "Quorvel/Model/PriceColors.h"
-#include "Tests/Support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -19,22 +18,6 @@ using enum PriceDirection;
 using enum PriceColorScheme;
 
 const Segments bothWays{{QStringLiteral("BTC 1"), up}, {QStringLiteral("ETH 2"), down}};
-const Segments flatFirst{{QStringLiteral("A"), flat}, {QStringLiteral("B"), up}};
-
-TEST(StatusTitle, JoinsSegmentsAndArrows) {
-    struct Case {
-        Segments segments;
-        bool showsArrow;
-        const char16_t* text;
-    };
-    for (const auto& [segments, showsArrow, text] : test::cases(
-             Case{{}, true, u""}, Case{bothWays, true, u"BTC 1 \u25B2  ETH 2 \u25BC"},
-             Case{bothWays, false, u"BTC 1  ETH 2"}, Case{flatFirst, true, u"A  B \u25B2"})) {
-        DisplaySettings settings;
-        settings.showsDirectionArrow = showsArrow;
-        EXPECT_EQ(statusTitle(segments, settings).plainText(), QString::fromUtf16(text));
-    }
-}
 
 TEST(StatusTitle, ColorsAndShrinksNothingButArrows) {
     for (const auto scheme : {redUpGreenDown, greenUpRedDown}) {

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Tests/Support/RunTests.h"
+#include "Tests/Support/VirtualDisplay.h"
+
+#include <QApplication>
+
+/// For what has to be seen on an X display: each process has one of its own.
+int main(int argc, char** argv) {
+    const test::VirtualDisplay display;
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    const QApplication application(argc, argv);
+    return test::runTests(argc, argv);
+}
