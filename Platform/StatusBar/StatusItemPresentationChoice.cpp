@@ -111,12 +111,11 @@ Kind fitting(const StatusItemDesktop& desktop) {
 } // namespace
 
 std::optional<Kind> statusItemPresentationKind(QStringView name) {
-    static constexpr std::array<std::pair<QStringView, Kind>, 4> kinds{{{u"label", Kind::label},
-                                                                        {u"image", Kind::image},
-                                                                        {u"dock", Kind::dock},
-                                                                        {u"strip", Kind::strip}}};
-    const auto* const found = std::ranges::find(kinds, name, &std::pair<QStringView, Kind>::first);
-    return found == kinds.end() ? std::nullopt : std::optional(found->second);
+    // In the order of the enumerators.
+    static constexpr std::array<QStringView, 4> names{u"label", u"image", u"dock", u"strip"};
+    const auto* const found = std::ranges::find(names, name);
+    return found == names.end() ? std::nullopt
+                                : std::optional(static_cast<Kind>(found - names.begin()));
 }
 
 Kind StatusItemPresentationChoice::of(std::optional<Kind> preferred,

@@ -72,8 +72,11 @@ const auto interfaceDescription = QStringLiteral(R"xml(
 const QString StatusNotifierObject::path = QStringLiteral("/StatusNotifierItem");
 const QString StatusNotifierObject::menuPath = QStringLiteral("/MenuBar");
 
-StatusNotifierObject::StatusNotifierObject(StatusItemIdentity identity, QObject* parent)
-    : DBusObject(interfaceName, interfaceDescription, parent), identity_(std::move(identity)) {
+StatusNotifierObject::StatusNotifierObject(const StatusItemIdentity& identity,
+                                           StatusItemEvents& events)
+    : DBusObject(interfaceName, interfaceDescription, nullptr),
+      identity_(identity),
+      events_(events) {
     registerStatusNotifierTypes();
     addMethods();
 }
@@ -98,7 +101,7 @@ void StatusNotifierObject::addMethods() {
 void StatusNotifierObject::reportActivation(QPoint point) {
     // Whoever listens may open windows or end the item; the panel is answered before that.
     QMetaObject::invokeMethod(
-        this, [this, point] { Q_EMIT activated(point); }, Qt::QueuedConnection);
+        this, [this, point] { Q_EMIT events_.activated(point); }, Qt::QueuedConnection);
 }
 
 QVariantMap StatusNotifierObject::properties() const {

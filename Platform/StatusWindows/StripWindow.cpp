@@ -32,10 +32,28 @@ Qt::WindowFlags stripFlags() {
 
 } // namespace
 
-StripWindow::StripWindow(StripPosition position)
-    : StatusItemView(stripFlags(), contentInset), position_(position) {
+StripWindow::StripWindow(const StatusItemIdentity& identity, StatusItemEvents& events,
+                         StripPosition position)
+    : StatusItemView(identity, events, stripFlags(), contentInset), position_(position) {
     setAttribute(Qt::WA_TranslucentBackground);
+    // Not every window manager puts windows that fill the screen above docks.
+    connect(&fullScreen_, &FullScreenWatch::changed, this, &StripWindow::showUnlessCovered);
     followScreens();
+}
+
+void StripWindow::setContent(const StatusItemContent& content) {
+    adoptCompositing();
+    StatusItemView::setContent(content);
+    showUnlessCovered();
+}
+
+void StripWindow::showUnlessCovered() {
+    if (hasContent())
+        setVisible(!fullScreen_.covers(geometry().center()));
+}
+
+std::optional<QRect> StripWindow::frame() const {
+    return isVisible() ? std::optional(geometry()) : std::nullopt;
 }
 
 void StripWindow::setVisible(bool isVisible) {
@@ -102,8 +120,8 @@ void StripWindow::place() {
     move(position_.corner(size(), room()));
 }
 
-void StripWindow::contentResized(QSize size) {
-    StatusItemView::contentResized(size);
+void StripWindow::takeRoom(QSize size) {
+    setFixedSize(size);
     place();
 }
 
@@ -151,7 +169,7 @@ void StripWindow::mouseReleaseEvent(QMouseEvent* event) {
         return;
     pressedAt_.reset();
     if (std::exchange(isDragged_, false))
-        Q_EMIT moved(position_);
+        Q_EMIT events().stripMoved(position_);
     else
         StatusItemView::mouseReleaseEvent(event);
 }
