@@ -14,48 +14,6 @@ namespace platform {
 
 namespace {
 
-const auto interfaceName = QStringLiteral("com.canonical.dbusmenu");
-
-const auto interfaceDescription = QStringLiteral(R"xml(
-  <interface name="com.canonical.dbusmenu">
-    <property name="Version" type="u" access="read"/>
-    <property name="TextDirection" type="s" access="read"/>
-    <property name="Status" type="s" access="read"/>
-    <property name="IconThemePath" type="as" access="read"/>
-    <method name="GetLayout">
-      <arg name="parentId" type="i" direction="in"/>
-      <arg name="recursionDepth" type="i" direction="in"/>
-      <arg name="propertyNames" type="as" direction="in"/>
-      <arg name="revision" type="u" direction="out"/>
-      <arg name="layout" type="(ia{sv}av)" direction="out"/>
-    </method>
-    <method name="GetGroupProperties">
-      <arg name="ids" type="ai" direction="in"/>
-      <arg name="propertyNames" type="as" direction="in"/>
-      <arg name="properties" type="a(ia{sv})" direction="out"/>
-    </method>
-    <method name="Event">
-      <arg name="id" type="i" direction="in"/>
-      <arg name="eventId" type="s" direction="in"/>
-      <arg name="data" type="v" direction="in"/>
-      <arg name="timestamp" type="u" direction="in"/>
-    </method>
-    <method name="EventGroup">
-      <arg name="events" type="a(isvu)" direction="in"/>
-      <arg name="idErrors" type="ai" direction="out"/>
-    </method>
-    <method name="AboutToShow">
-      <arg name="id" type="i" direction="in"/>
-      <arg name="needUpdate" type="b" direction="out"/>
-    </method>
-    <method name="AboutToShowGroup">
-      <arg name="ids" type="ai" direction="in"/>
-      <arg name="updatesNeeded" type="ai" direction="out"/>
-      <arg name="idErrors" type="ai" direction="out"/>
-    </method>
-  </interface>
-)xml");
-
 constexpr int rootId = 0;
 
 /// Something that happened to a menu item in the panel, `(isvu)`.
@@ -76,7 +34,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event)
 } // namespace
 
 DBusMenu::DBusMenu(std::vector<MenuEntry> entries, StatusItemEvents& events)
-    : DBusObject(interfaceName, interfaceDescription, nullptr),
+    : DBusObject(QStringLiteral("com.canonical.dbusmenu"), nullptr),
       entries_(std::move(entries)),
       events_(events) {
     registerDBusMenuTypes();
@@ -85,21 +43,18 @@ DBusMenu::DBusMenu(std::vector<MenuEntry> entries, StatusItemEvents& events)
 
 void DBusMenu::addMethods() {
     using Arguments = const QVariantList&;
-    const auto add = [this](const char* name, const char* signature, Method method) {
-        addMethod(QString::fromLatin1(name), QString::fromLatin1(signature), std::move(method));
-    };
-    add("GetLayout", "iias", [this](Arguments arguments) {
+    addMethod("GetLayout", "iias", "u(ia{sv}av)", [this](Arguments arguments) {
         return layout(arguments[0].toInt(), arguments[1].toInt(), arguments[2].toStringList());
     });
-    add("GetGroupProperties", "aias", [this](Arguments arguments) {
+    addMethod("GetGroupProperties", "aias", "a(ia{sv})", [this](Arguments arguments) {
         return groupProperties(qdbus_cast<QList<int>>(arguments[0]), arguments[1].toStringList());
     });
-    add("Event", "isvu", [this](Arguments arguments) {
+    addMethod("Event", "isvu", "", [this](Arguments arguments) {
         requireKnown(arguments[0].toInt());
         takeEvent(arguments[0].toInt(), arguments[1].toString());
         return QVariantList();
     });
-    add("EventGroup", "a(isvu)", [this](Arguments arguments) {
+    addMethod("EventGroup", "a(isvu)", "ai", [this](Arguments arguments) {
         QList<int> unknown;
         for (const auto& [id, name] : qdbus_cast<QList<MenuEvent>>(arguments[0])) {
             if (!takeEvent(id, name))
@@ -107,11 +62,11 @@ void DBusMenu::addMethods() {
         }
         return QVariantList{QVariant::fromValue(unknown)};
     });
-    add("AboutToShow", "i", [this](Arguments arguments) {
+    addMethod("AboutToShow", "i", "b", [this](Arguments arguments) {
         requireKnown(arguments[0].toInt());
         return QVariantList{false};
     });
-    add("AboutToShowGroup", "ai", [this](Arguments arguments) {
+    addMethod("AboutToShowGroup", "ai", "aiai", [this](Arguments arguments) {
         auto unknown = qdbus_cast<QList<int>>(arguments[0]);
         unknown.removeIf([this](int id) { return isKnown(id); });
         return QVariantList{QVariant::fromValue(QList<int>()), QVariant::fromValue(unknown)};

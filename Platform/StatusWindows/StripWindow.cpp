@@ -5,7 +5,6 @@
 
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Desktop/Compositing.h"
-#include "Platform/Desktop/WindowManagers.h"
 #include "Platform/Desktop/X11.h"
 
 #include <QApplication>
@@ -23,6 +22,17 @@ constexpr QMargins contentInset(10, 2, 10, 2);
 
 /// Between the strip and the edges.
 constexpr int distance = 4;
+
+/// Whether the display's window manager leaves a small dock where it puts itself, in the size it
+/// gives itself. True where there is none to ask.
+bool leavesDocksInPlace() {
+    if (!x11::connection())
+        return true;
+    // i3 and its kin give a dock a whole edge of the screen. What follows it on Wayland lays it out
+    // like any window; those compositors have the name of the library that they stand on.
+    const QByteArray name = x11::windowManager();
+    return name != "i3" && name != "wlroots wm";
+}
 
 Qt::WindowFlags stripFlags() {
     const Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
