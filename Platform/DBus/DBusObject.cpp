@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 
 #include <algorithm>
@@ -20,15 +21,38 @@ void requireSignature(const QDBusMessage& message, QStringView signature) {
         throw DBusCallError(QDBusError::InvalidArgs, "The arguments have the wrong types");
 }
 
+/// An element for each complete type in the signature: one letter, or all of a pair of brackets,
+/// behind any number of `a`.
+QString argumentElements(const QString& signature, QStringView direction) {
+    QString elements;
+    QString type;
+    qsizetype depth = 0;
+    for (const QChar letter : signature) {
+        type += letter;
+        depth += QStringView(u"({").contains(letter)   ? 1
+                 : QStringView(u")}").contains(letter) ? -1
+                                                       : 0;
+        if (depth > 0 || letter == u'a')
+            continue;
+        elements += QStringLiteral("<arg type=\"%1\" direction=\"%2\"/>").arg(type, direction);
+        type.clear();
+    }
+    return elements;
+}
+
 } // namespace
 
-DBusObject::DBusObject(QString interface, QString description, QObject* parent)
-    : QDBusVirtualObject(parent),
-      interface_(std::move(interface)),
-      description_(std::move(description)) {}
+DBusObject::DBusObject(QString interface, QObject* parent)
+    : QDBusVirtualObject(parent), interface_(std::move(interface)) {}
 
-void DBusObject::addMethod(QString name, QString signature, Method method) {
-    methods_.push_back({std::move(name), std::move(signature), std::move(method)});
+void DBusObject::addMethod(const char* name, const char* signature, const char* reply,
+                           Method method) {
+    methods_.push_back({QString::fromLatin1(name), QString::fromLatin1(signature),
+                        QString::fromLatin1(reply), std::move(method)});
+}
+
+void DBusObject::addSignal(const char* name, const char* signature) {
+    signals_.emplace_back(QString::fromLatin1(name), QString::fromLatin1(signature));
 }
 
 bool DBusObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
@@ -47,7 +71,18 @@ bool DBusObject::handleMessage(const QDBusMessage& message, const QDBusConnectio
 }
 
 QString DBusObject::introspect(const QString&) const {
-    return description_;
+    QString text = QStringLiteral("<interface name=\"%1\">").arg(interface_);
+    for (const auto [name, value] : properties().asKeyValueRange())
+        text += QStringLiteral("<property name=\"%1\" type=\"%2\" access=\"read\"/>")
+                    .arg(name, QLatin1StringView(QDBusMetaType::typeToSignature(value.metaType())));
+    for (const NamedMethod& method : methods_)
+        text += QStringLiteral("<method name=\"%1\">%2%3</method>")
+                    .arg(method.name, argumentElements(method.signature, u"in"),
+                         argumentElements(method.reply, u"out"));
+    for (const auto& [name, signature] : signals_)
+        text += QStringLiteral("<signal name=\"%1\">%2</signal>")
+                    .arg(name, argumentElements(signature, u"out"));
+    return text + QStringLiteral("</interface>");
 }
 
 QVariantList DBusObject::answer(const QDBusMessage& message) const {

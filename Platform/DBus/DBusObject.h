@@ -43,12 +43,17 @@ protected:
     /// Takes the arguments of a call, gives the values of the reply. May throw `DBusCallError`.
     using Method = std::function<QVariantList(const QVariantList& arguments)>;
 
-    /// @param interface   the name of the only interface
-    /// @param description its `<interface>` element
-    DBusObject(QString interface, QString description, QObject* parent);
+    /// @param interface the name of the only interface
+    DBusObject(QString interface, QObject* parent);
 
-    /// Makes the object answer calls to `name` with arguments of this signature.
-    void addMethod(QString name, QString signature, Method method);
+    /// Makes the object answer calls to `name`.
+    ///
+    /// @param signature of the arguments
+    /// @param reply     the signature of the reply
+    void addMethod(const char* name, const char* signature, const char* reply, Method method);
+
+    /// Makes the object's description tell of a signal with arguments of this signature.
+    void addSignal(const char* name, const char* signature);
 
     /// The properties that exist at the moment, by name, each with a value of its type on the bus.
     virtual QVariantMap properties() const = 0;
@@ -61,6 +66,7 @@ private:
     struct NamedMethod {
         QString name;
         QString signature;
+        QString reply;
         Method method;
     };
 
@@ -71,8 +77,8 @@ private:
     void requireOwnInterface(const QString& interface) const;
 
     QString interface_;
-    QString description_;
     std::vector<NamedMethod> methods_;
+    std::vector<std::pair<QString, QString>> signals_; ///< names and signatures
 };
 
 } // namespace platform

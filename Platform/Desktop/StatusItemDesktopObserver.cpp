@@ -3,13 +3,13 @@
 
 #include "Platform/Desktop/StatusItemDesktopObserver.h"
 
+#include "Platform/DBus/DBusCall.h"
 #include "Platform/DBus/ProcessName.h"
+#include "Platform/DBus/ServiceError.h"
 #include "Platform/Desktop/SystemTray.h"
 #include "Platform/Desktop/X11.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 
 #include <utility>
 
@@ -27,47 +27,41 @@ QStringList desktopNames() {
 } // namespace
 
 StatusItemDesktopObserver::StatusItemDesktopObserver(const QDBusConnection& bus,
-                                                     const SystemTray& tray, QObject* parent)
-    : QObject(parent),
-      bus_(bus),
+                                                     const SystemTray& tray, Clock& clock)
+    : bus_(bus),
       tray_(tray),
+      clock_(clock),
       owners_(watcherService, bus, QDBusServiceWatcher::WatchForOwnerChange) {
     connect(&owners_, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            &StatusItemDesktopObserver::askForWatcher);
+            [this] { search_ = startTask(findWatcher()); });
     connect(&tray, &SystemTray::managerChanged, this, &StatusItemDesktopObserver::lookAtTray);
     connect(&tray, &SystemTray::changed, this, &StatusItemDesktopObserver::lookAtTray);
     desktop_.isX11 = x11::connection() != nullptr;
     desktop_.names = desktopNames();
     lookAtTray();
-    askForWatcher();
+    search_ = startTask(findWatcher());
 }
 
-void StatusItemDesktopObserver::askForWatcher() {
+Task<> StatusItemDesktopObserver::findWatcher() {
     auto call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"));
-    auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(call << watcherService), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this,
-            [this, answer, question = ++question_] {
-                if (question == question_)
-                    takeWatcher(*answer);
-                answer->deleteLater();
-            });
-}
-
-void StatusItemDesktopObserver::takeWatcher(const QDBusPendingCallWatcher& answer) {
-    const QDBusPendingReply<uint> process = answer;
-    StatusItemDesktop desktop = desktop_;
-    // A bus may well not know the process of a watcher that is there.
-    desktop.hasWatcher =
-        process.isValid() ||
-        process.error().name() == QStringLiteral("org.freedesktop.DBus.Error.UnixProcessIdUnknown");
-    desktop.watcherProcess = process.isValid() ? processName(process.value()) : QString();
-    const bool isFirst = !std::exchange(isKnown_, true);
-    if (isFirst || desktop != desktop_) {
-        desktop_ = std::move(desktop);
-        Q_EMIT changed();
+    call << watcherService;
+    bool hasWatcher = true;
+    QString process;
+    try {
+        const QDBusMessage answer = co_await DBusCall(bus_, call, clock_);
+        process = processName(answer.arguments().value(0).toUInt());
+    } catch (const ServiceError& error) {
+        // A bus may well not know the process of a watcher that is there.
+        hasWatcher = error.code() == ServiceError::Code::refused;
     }
+    const bool isFirst = !std::exchange(isKnown_, true);
+    const bool isSame = desktop_.hasWatcher == hasWatcher && desktop_.watcherProcess == process;
+    desktop_.hasWatcher = hasWatcher;
+    desktop_.watcherProcess = process;
+    if (isFirst || !isSame)
+        Q_EMIT changed();
 }
 
 void StatusItemDesktopObserver::lookAtTray() {

@@ -3,13 +3,13 @@
 
 #pragma once
 
+#include "Platform/Async/TaskHandle.h"
 #include "Platform/Desktop/StatusItemDesktop.h"
+#include "Platform/Foundation/Clock.h"
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QObject>
-
-class QDBusPendingCallWatcher;
 
 namespace platform {
 
@@ -21,10 +21,10 @@ class StatusItemDesktopObserver final : public QObject {
     Q_OBJECT
 
 public:
-    /// @param bus  the session bus; not connected: no watcher is ever seen
-    /// @param tray must outlive the observer
-    StatusItemDesktopObserver(const QDBusConnection& bus, const SystemTray& tray,
-                              QObject* parent = nullptr);
+    /// @param bus   the session bus; not connected: no watcher is ever seen
+    /// @param tray  must outlive the observer
+    /// @param clock must outlive the observer
+    StatusItemDesktopObserver(const QDBusConnection& bus, const SystemTray& tray, Clock& clock);
 
     /// What is known. Before the first `changed`, that does not say much.
     const StatusItemDesktop& desktop() const { return desktop_; }
@@ -34,17 +34,16 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void askForWatcher();
-    void takeWatcher(const QDBusPendingCallWatcher& answer);
+    Task<> findWatcher();
     void lookAtTray();
 
     QDBusConnection bus_;
     const SystemTray& tray_;
+    Clock& clock_;
     QDBusServiceWatcher owners_;
     StatusItemDesktop desktop_;
-    /// Counts the questions, so that late answers are told from the latest.
-    int question_ = 0;
     bool isKnown_ = false;
+    TaskHandle search_;
 };
 
 } // namespace platform

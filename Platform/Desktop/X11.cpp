@@ -62,12 +62,7 @@ quint32 selectionOwner(const char* name) {
 }
 
 std::vector<quint32> property(quint32 window, const char* name) {
-    constexpr quint32 longest = 1024; // values
-    const auto reply =
-        owned(xcb_get_property_reply(connection(),
-                                     xcb_get_property(connection(), 0, window, atom(name),
-                                                      XCB_GET_PROPERTY_TYPE_ANY, 0, longest),
-                                     nullptr));
+    const auto reply = propertyReply(window, name);
     if (!reply || reply->format != 32)
         return {};
     const std::span values(static_cast<const quint32*>(xcb_get_property_value(reply.get())),

@@ -6,7 +6,6 @@
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Desktop/Compositing.h"
 #include "Platform/Desktop/DevicePixels.h"
-#include "Platform/Desktop/WindowManagers.h"
 #include "Platform/Popover/PopoverPlacement.h"
 
 #include <QApplication>
@@ -28,6 +27,11 @@ QScreen* screenOf(QPoint point) {
 
 ScreenArea areaOf(const QScreen& screen) {
     return {screen.geometry(), screen.availableGeometry()};
+}
+
+/// Whether the program knows where the pointer is when it is not over one of its windows.
+bool isPointerKnown() {
+    return !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
 bool isPlausible(QPoint point) {

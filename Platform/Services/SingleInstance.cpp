@@ -40,11 +40,8 @@ QString pathOf(const QString& interface) {
 class SingleInstance::Object final : public DBusObject {
 public:
     Object(const Identity& identity, SingleInstance& owner)
-        : DBusObject(identity.interface,
-                     QStringLiteral("<interface name=\"%1\"><method name=\"%2\"/></interface>")
-                         .arg(identity.interface, identity.method),
-                     nullptr) {
-        addMethod(identity.method, QString(), [&owner](const QVariantList&) {
+        : DBusObject(identity.interface, nullptr) {
+        addMethod(identity.method.toLatin1().constData(), "", "", [&owner](const QVariantList&) {
             // The caller gets its answer whatever comes of it, even the end of this object.
             QMetaObject::invokeMethod(&owner, &SingleInstance::called, Qt::QueuedConnection);
             return QVariantList();

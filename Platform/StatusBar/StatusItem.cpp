@@ -4,11 +4,8 @@
 #include "Platform/StatusBar/StatusItem.h"
 
 #include "Platform/StatusBar/StatusItemPresentationChoice.h"
-#include "Platform/StatusNotifier/StatusNotifierIcon.h"
-#include "Platform/StatusNotifier/StatusNotifierItem.h"
-#include "Platform/StatusNotifier/StatusNotifierWideImage.h"
-#include "Platform/StatusWindows/DockItem.h"
-#include "Platform/StatusWindows/StripItem.h"
+#include "Platform/StatusWindows/DockWindow.h"
+#include "Platform/StatusWindows/StripWindow.h"
 
 #include <QDBusConnection>
 
@@ -19,18 +16,20 @@ namespace platform {
 
 StatusItem::StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusConnection& bus,
                        StatusItemOptions options, QObject* parent)
-    : QObject(parent),
+    : StatusItemEvents(parent),
       identity_(std::move(identity)),
       clock_(clock),
       bus_(bus),
       options_(options),
       appearance_(bus, clock),
-      desktop_(bus, tray_) {
+      desktop_(bus, tray_, clock) {
     connect(&desktop_, &StatusItemDesktopObserver::changed, this, &StatusItem::chooseSoon);
     connect(&appearance_, &SystemAppearance::preferredChanged, this, [this] {
         if (presentation_ && shown_)
-            presentation_->show(*shown_);
+            presentation_->setContent(*shown_);
     });
+    connect(this, &StatusItemEvents::stripMoved, this,
+            [this](StripPosition position) { options_.stripPosition = position; });
     schedule(Urgency::immediate);
 }
 
@@ -49,7 +48,8 @@ void StatusItem::setToolTip(QString toolTip, Urgency urgency) {
 }
 
 void StatusItem::setMenu(std::vector<MenuEntry> entries) {
-    set(content_.menu, std::move(entries), Urgency::immediate);
+    Q_ASSERT(!presentation_);
+    identity_.menu = std::move(entries);
 }
 
 template <typename Value>
@@ -83,7 +83,9 @@ void StatusItem::show() {
     shown_ = content_;
     shownAt_ = clock_.uptime();
     if (presentation_)
-        presentation_->show(content_);
+        presentation_->setContent(content_);
+    if (icon_)
+        icon_->setContent(content_);
 }
 
 void StatusItem::chooseSoon() {
@@ -98,6 +100,7 @@ void StatusItem::chooseSoon() {
     } else if (!patience_) {
         patience_ = clock_.startTimer(panelPatience, [this] { present(strip); });
     }
+    showIconBesideStrip();
 }
 
 void StatusItem::present(StatusItemPresentationKind kind) {
@@ -105,37 +108,45 @@ void StatusItem::present(StatusItemPresentationKind kind) {
         return;
     // One goes before the other comes: both would be known by the same path on the bus.
     presentation_.reset();
+    icon_.reset();
     presentation_ = makePresentation(kind);
-    connect(presentation_.get(), &StatusItemPresentation::activated, this, &StatusItem::activated);
-    connect(presentation_.get(), &StatusItemPresentation::clicked, this, &StatusItem::clicked);
-    connect(presentation_.get(), &StatusItemPresentation::menuTriggered, this,
-            &StatusItem::menuTriggered);
     if (shown_)
-        presentation_->show(*shown_);
+        presentation_->setContent(*shown_);
+    showIconBesideStrip();
+}
+
+void StatusItem::showIconBesideStrip() {
+    // Not registered in advance: a panel that comes up may make another presentation possible, and
+    // is not to be shown two items.
+    if (kind_ != StatusItemPresentationKind::strip || !desktop_.desktop().hasWatcher) {
+        icon_.reset();
+    } else if (!icon_) {
+        icon_ = makeNotifierItem(StatusNotifierRendering::Style::icon);
+        if (shown_)
+            icon_->setContent(*shown_);
+    }
 }
 
 std::unique_ptr<StatusItemPresentation>
 StatusItem::makePresentation(StatusItemPresentationKind kind) {
+    using Style = StatusNotifierRendering::Style;
     switch (kind) {
-    case StatusItemPresentationKind::image:
-        return std::make_unique<StatusNotifierItem>(
-            identity_, std::make_unique<StatusNotifierWideImage>(appearance_), bus_);
-    case StatusItemPresentationKind::dock:
-        return std::make_unique<DockItem>(tray_, appearance_);
-    case StatusItemPresentationKind::strip: {
-        auto strip = std::make_unique<StripItem>(identity_, bus_, desktop_, options_.stripPosition);
-        connect(strip.get(), &StripItem::moved, this, [this](StripPosition position) {
-            options_.stripPosition = position;
-            Q_EMIT stripMoved(position);
-        });
-        return strip;
-    }
     case StatusItemPresentationKind::label:
+        return makeNotifierItem(Style::iconAndLabel);
+    case StatusItemPresentationKind::image:
+        return makeNotifierItem(Style::wideImage);
+    case StatusItemPresentationKind::dock:
+        return std::make_unique<DockWindow>(identity_, *this, tray_, appearance_);
+    case StatusItemPresentationKind::strip:
         break;
     }
-    return std::make_unique<StatusNotifierItem>(
-        identity_,
-        std::make_unique<StatusNotifierIcon>(identity_, StatusNotifierIcon::Title::asLabel), bus_);
+    return std::make_unique<StripWindow>(identity_, *this, options_.stripPosition);
+}
+
+std::unique_ptr<StatusNotifierItem>
+StatusItem::makeNotifierItem(StatusNotifierRendering::Style style) {
+    const StatusNotifierRendering rendering(style, identity_, appearance_);
+    return std::make_unique<StatusNotifierItem>(identity_, rendering, bus_, clock_, *this);
 }
 
 std::optional<QRect> StatusItem::frame() const {

@@ -9,11 +9,12 @@
 #include "Platform/Foundation/Clock.h"
 #include "Platform/StatusBar/StatusItemOptions.h"
 #include "Platform/StatusContent/StatusItemContent.h"
+#include "Platform/StatusContent/StatusItemEvents.h"
 #include "Platform/StatusContent/StatusItemIdentity.h"
+#include "Platform/StatusContent/StatusItemPresentation.h"
+#include "Platform/StatusNotifier/StatusNotifierItem.h"
 
 #include <QDBusConnection>
-#include <QObject>
-#include <QPoint>
 #include <QRect>
 
 #include <chrono>
@@ -23,15 +24,13 @@
 
 namespace platform {
 
-class StatusItemPresentation;
-
 /// The program's item in the status bar: an image, a title, a tooltip and a menu. How it is shown
 /// depends on the desktop, and changes when that does.
 ///
 /// Setters only note what is wanted. What was set in one turn of the event loop goes out together
 /// in the next, so that panels, which ask for everything again at each change, ask once. Setting an
 /// equal value does nothing. Lives on the GUI thread.
-class StatusItem final : public QObject {
+class StatusItem final : public StatusItemEvents {
     Q_OBJECT
 
 public:
@@ -68,26 +67,13 @@ public:
     /// One line of plain text.
     void setToolTip(QString toolTip, Urgency urgency = Urgency::routine);
 
-    /// Goes out at once. The ids of entries that are no separators must differ.
+    /// Must be called in the turn of the event loop in which the item was made, if at all. The ids
+    /// of entries that are no separators must differ.
     void setMenu(std::vector<MenuEntry> entries);
 
     /// Where the item is on the screen, in global device-independent coordinates. Absent where it
     /// is a panel's, which does not tell.
     std::optional<QRect> frame() const;
-
-Q_SIGNALS:
-    /// The user clicked the item in a panel. `point` is in global coordinates as the panel gave
-    /// them; not every panel gives true ones.
-    void activated(QPoint point);
-
-    /// The user clicked the item where it has a `frame`.
-    void clicked();
-
-    /// The user chose the menu entry with this `id`.
-    void menuTriggered(int id);
-
-    /// The user dragged the item's strip there.
-    void stripMoved(StripPosition position);
 
 private:
     template <typename Value>
@@ -96,7 +82,9 @@ private:
     void show();
     void chooseSoon();
     void present(StatusItemPresentationKind kind);
+    void showIconBesideStrip();
     std::unique_ptr<StatusItemPresentation> makePresentation(StatusItemPresentationKind kind);
+    std::unique_ptr<StatusNotifierItem> makeNotifierItem(StatusNotifierRendering::Style style);
 
     StatusItemIdentity identity_;
     Clock& clock_;
@@ -107,6 +95,7 @@ private:
     StatusItemDesktopObserver desktop_;
     std::optional<StatusItemPresentationKind> kind_; ///< of `presentation_`
     std::unique_ptr<StatusItemPresentation> presentation_;
+    std::unique_ptr<StatusNotifierItem> icon_; ///< beside a strip, where there is a watcher
     StatusItemContent content_;
     std::optional<StatusItemContent> shown_;
     std::optional<std::chrono::nanoseconds> shownAt_;

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "Platform/StatusBar/StatusItemPresentationKind.h"
-#include "Platform/StatusWindows/StripPosition.h"
+#include "Platform/StatusContent/StripPosition.h"
 
 #include <optional>
 

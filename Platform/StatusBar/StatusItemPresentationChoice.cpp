@@ -20,29 +20,21 @@ enum class TextHabit {
     drawsNone,
 };
 
-struct Host {
-    QStringView process;
-    TextHabit habit = TextHabit::drawsNone;
-};
-
-constexpr std::array hosts{
-    Host{u"gnome-shell", TextHabit::drawsLabel},
+/// By the watcher's process, else, where that is none of these or cannot be seen, by the desktop.
+constexpr std::array<std::pair<QStringView, TextHabit>, 14> habits{{
+    {u"gnome-shell", TextHabit::drawsLabel},
     // The services of indicator applets, whose names are longer than a process's may be.
-    Host{u"ayatana-indicat", TextHabit::drawsLabel},
-    Host{u"indicator-appli", TextHabit::drawsLabel},
-    Host{u"mate-panel", TextHabit::drawsLabel},
-    Host{u"notification-ar", TextHabit::drawsLabel},
-    Host{u"waybar", TextHabit::drawsWideImage},
-    Host{u"lxqt-panel", TextHabit::drawsNone},
+    {u"ayatana-indicat", TextHabit::drawsLabel},
+    {u"indicator-appli", TextHabit::drawsLabel},
+    {u"mate-panel", TextHabit::drawsLabel},
+    {u"notification-ar", TextHabit::drawsLabel},
+    {u"waybar", TextHabit::drawsWideImage},
+    {u"lxqt-panel", TextHabit::drawsNone},
     // Plasma's watcher is not in its shell but in its service daemon.
-    Host{u"kded5", TextHabit::drawsNone},
-    Host{u"kded6", TextHabit::drawsNone},
-    Host{u"plasmashell", TextHabit::drawsNone},
-    Host{u"swaybar", TextHabit::drawsNone},
-};
-
-/// For watchers whose process is none of the above, or cannot be seen.
-constexpr std::array<std::pair<QStringView, TextHabit>, 3> desktops{{
+    {u"kded5", TextHabit::drawsNone},
+    {u"kded6", TextHabit::drawsNone},
+    {u"plasmashell", TextHabit::drawsNone},
+    {u"swaybar", TextHabit::drawsNone},
     {u"KDE", TextHabit::drawsNone},
     {u"LXQt", TextHabit::drawsNone},
     {u"XFCE", TextHabit::drawsNone},
@@ -60,14 +52,11 @@ bool isXfce(QStringView process) {
 TextHabit habitOf(const StatusItemDesktop& desktop) {
     if (isXfce(desktop.watcherProcess))
         return TextHabit::drawsNone;
-    const auto* const host = std::ranges::find(hosts, desktop.watcherProcess, &Host::process);
-    if (host != hosts.end())
-        return host->habit;
-    for (const QString& name : desktop.names) {
-        const auto* const found = std::ranges::find_if(desktops, [&name](const auto& known) {
+    for (const QString& name : QStringList(desktop.watcherProcess) + desktop.names) {
+        const auto* const found = std::ranges::find_if(habits, [&name](const auto& known) {
             return known.first.compare(name, Qt::CaseInsensitive) == 0;
         });
-        if (found != desktops.end())
+        if (found != habits.end())
             return found->second;
     }
     // Nothing is lost if it draws none: there is the icon, and the text in its tooltip.
@@ -111,12 +100,11 @@ Kind fitting(const StatusItemDesktop& desktop) {
 } // namespace
 
 std::optional<Kind> statusItemPresentationKind(QStringView name) {
-    static constexpr std::array<std::pair<QStringView, Kind>, 4> kinds{{{u"label", Kind::label},
-                                                                        {u"image", Kind::image},
-                                                                        {u"dock", Kind::dock},
-                                                                        {u"strip", Kind::strip}}};
-    const auto* const found = std::ranges::find(kinds, name, &std::pair<QStringView, Kind>::first);
-    return found == kinds.end() ? std::nullopt : std::optional(found->second);
+    // In the order of the enumerators.
+    static constexpr std::array<QStringView, 4> names{u"label", u"image", u"dock", u"strip"};
+    const auto* const found = std::ranges::find(names, name);
+    return found == names.end() ? std::nullopt
+                                : std::optional(static_cast<Kind>(found - names.begin()));
 }
 
 Kind StatusItemPresentationChoice::of(std::optional<Kind> preferred,

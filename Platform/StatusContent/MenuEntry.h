@@ -16,13 +16,10 @@ struct MenuEntry {
     /// As shown. Nothing in it is taken for an access key.
     QString text;
 
-    bool isEnabled = true;
     bool isSeparator = false;
 
     /// A line between groups of entries.
-    static MenuEntry separator() { return {0, {}, true, true}; }
-
-    bool operator==(const MenuEntry&) const = default;
+    static MenuEntry separator() { return {0, {}, true}; }
 };
 
 } // namespace platform

@@ -4,10 +4,7 @@
 #pragma once
 
 #include "Platform/StatusContent/AttributedTitle.h"
-#include "Platform/StatusContent/MenuEntry.h"
 #include "Platform/StatusContent/StatusItemImage.h"
-
-#include <vector>
 
 namespace platform {
 
@@ -16,7 +13,6 @@ struct StatusItemContent {
     StatusItemImage image;
     AttributedTitle title;
     QString toolTip;
-    std::vector<MenuEntry> menu;
 
     bool operator==(const StatusItemContent&) const = default;
 };

@@ -3,7 +3,11 @@
 
 #pragma once
 
+#include "Platform/StatusContent/MenuEntry.h"
+
 #include <QString>
+
+#include <vector>
 
 namespace platform {
 
@@ -18,6 +22,9 @@ struct StatusItemIdentity {
     /// An existing or creatable directory for icon files, for panels that take an icon by path
     /// only. Its files may be deleted whenever the program does not run.
     QString iconDirectory;
+
+    /// The ids of entries that are no separators must differ.
+    std::vector<MenuEntry> menu = {};
 };
 
 } // namespace platform

@@ -5,8 +5,6 @@
 
 #include "Platform/StatusContent/StatusItemContent.h"
 
-#include <QObject>
-#include <QPoint>
 #include <QRect>
 
 #include <optional>
@@ -16,30 +14,17 @@ namespace platform {
 /// One way of bringing a status item before the user's eyes. Panels differ too much for a single
 /// one.
 ///
-/// Owned by the `StatusItem`, on the GUI thread.
-class StatusItemPresentation : public QObject {
-    Q_OBJECT
-
+/// Owned by the `StatusItem`, on the GUI thread; it hears of the user by its `StatusItemEvents`.
+class StatusItemPresentation {
 public:
-    using QObject::QObject;
+    virtual ~StatusItemPresentation() = default;
 
     /// Shows `content` in place of what was shown before. The item appears with the first call.
-    virtual void show(const StatusItemContent& content) = 0;
+    virtual void setContent(const StatusItemContent& content) = 0;
 
     /// Where the item is on the screen, in global device-independent coordinates. Absent where only
     /// the panel knows, and while the item is not there.
     virtual std::optional<QRect> frame() const { return std::nullopt; }
-
-Q_SIGNALS:
-    /// The user clicked what a panel shows of the item. `point` is in global coordinates as the
-    /// panel gave them.
-    void activated(QPoint point);
-
-    /// The user clicked the item's own window, which has a `frame`.
-    void clicked();
-
-    /// The user chose the menu entry with this `id`.
-    void menuTriggered(int id);
 };
 
 } // namespace platform

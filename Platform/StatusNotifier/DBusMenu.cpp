@@ -3,157 +3,74 @@
 
 #include "Platform/StatusNotifier/DBusMenu.h"
 
-#include <QDBusMessage>
+#include "Platform/StatusNotifier/DBusMenuTypes.h"
+
+#include <QDBusVariant>
 #include <QGuiApplication>
 
-#include <algorithm>
 #include <utility>
 
 namespace platform {
 
 namespace {
 
-const auto interfaceName = QStringLiteral("com.canonical.dbusmenu");
-
-const auto interfaceDescription = QStringLiteral(R"xml(
-  <interface name="com.canonical.dbusmenu">
-    <property name="Version" type="u" access="read"/>
-    <property name="TextDirection" type="s" access="read"/>
-    <property name="Status" type="s" access="read"/>
-    <property name="IconThemePath" type="as" access="read"/>
-    <method name="GetLayout">
-      <arg name="parentId" type="i" direction="in"/>
-      <arg name="recursionDepth" type="i" direction="in"/>
-      <arg name="propertyNames" type="as" direction="in"/>
-      <arg name="revision" type="u" direction="out"/>
-      <arg name="layout" type="(ia{sv}av)" direction="out"/>
-    </method>
-    <method name="GetGroupProperties">
-      <arg name="ids" type="ai" direction="in"/>
-      <arg name="propertyNames" type="as" direction="in"/>
-      <arg name="properties" type="a(ia{sv})" direction="out"/>
-    </method>
-    <method name="GetProperty">
-      <arg name="id" type="i" direction="in"/>
-      <arg name="name" type="s" direction="in"/>
-      <arg name="value" type="v" direction="out"/>
-    </method>
-    <method name="Event">
-      <arg name="id" type="i" direction="in"/>
-      <arg name="eventId" type="s" direction="in"/>
-      <arg name="data" type="v" direction="in"/>
-      <arg name="timestamp" type="u" direction="in"/>
-    </method>
-    <method name="EventGroup">
-      <arg name="events" type="a(isvu)" direction="in"/>
-      <arg name="idErrors" type="ai" direction="out"/>
-    </method>
-    <method name="AboutToShow">
-      <arg name="id" type="i" direction="in"/>
-      <arg name="needUpdate" type="b" direction="out"/>
-    </method>
-    <method name="AboutToShowGroup">
-      <arg name="ids" type="ai" direction="in"/>
-      <arg name="updatesNeeded" type="ai" direction="out"/>
-      <arg name="idErrors" type="ai" direction="out"/>
-    </method>
-    <signal name="ItemsPropertiesUpdated">
-      <arg name="updatedProps" type="a(ia{sv})"/>
-      <arg name="removedProps" type="a(ias)"/>
-    </signal>
-    <signal name="LayoutUpdated">
-      <arg name="revision" type="u"/>
-      <arg name="parent" type="i"/>
-    </signal>
-  </interface>
-)xml");
-
 constexpr int rootId = 0;
 
-/// An underscore would mark the next letter as access key; two of them are drawn as one.
-QString labelOf(const MenuEntry& entry) {
-    return QString(entry.text).replace(QLatin1Char('_'), QStringLiteral("__"));
-}
+/// Something that happened to a menu item in the panel, `(isvu)`.
+struct MenuEvent {
+    int id = 0;
+    QString name;
+};
 
-/// What differs from a panel's defaults: enabled, visible, an ordinary item.
-QVariantMap propertiesOf(const MenuEntry& entry) {
-    if (entry.isSeparator)
-        return {{QStringLiteral("type"), QStringLiteral("separator")}};
-    QVariantMap properties{{QStringLiteral("label"), labelOf(entry)}};
-    if (!entry.isEnabled)
-        properties.insert(QStringLiteral("enabled"), false);
-    return properties;
-}
-
-bool haveSameLayout(const std::vector<MenuEntry>& left, const std::vector<MenuEntry>& right) {
-    return std::ranges::equal(left, right, [](const MenuEntry& one, const MenuEntry& other) {
-        return one.isSeparator == other.isSeparator && one.id == other.id;
-    });
-}
-
-[[noreturn]] void refuseId() {
-    throw DBusCallError(QDBusError::InvalidArgs, "No such menu item");
+const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event) {
+    QDBusVariant data;
+    uint timestamp = 0;
+    argument.beginStructure();
+    argument >> event.id >> event.name >> data >> timestamp;
+    argument.endStructure();
+    return argument;
 }
 
 } // namespace
 
-DBusMenu::DBusMenu(const QDBusConnection& bus, QString path, QObject* parent)
-    : DBusObject(interfaceName, interfaceDescription, parent), bus_(bus), path_(std::move(path)) {
+DBusMenu::DBusMenu(std::vector<MenuEntry> entries, StatusItemEvents& events)
+    : DBusObject(QStringLiteral("com.canonical.dbusmenu"), nullptr),
+      entries_(std::move(entries)),
+      events_(events) {
     registerDBusMenuTypes();
     addMethods();
 }
 
 void DBusMenu::addMethods() {
-    const auto add = [this](const char* name, const char* signature, auto function) {
-        addMethod(QString::fromLatin1(name), QString::fromLatin1(signature),
-                  [this, function](const QVariantList& arguments) {
-                      return (this->*function)(arguments);
-                  });
-    };
-    add("GetLayout", "iias", &DBusMenu::layout);
-    add("GetGroupProperties", "aias", &DBusMenu::groupProperties);
-    add("GetProperty", "is", &DBusMenu::property);
-    add("Event", "isvu", &DBusMenu::answerEvent);
-    add("EventGroup", "a(isvu)", &DBusMenu::answerEventGroup);
-    add("AboutToShow", "i", &DBusMenu::aboutToShow);
-    add("AboutToShowGroup", "ai", &DBusMenu::aboutToShowGroup);
-}
-
-void DBusMenu::setEntries(std::vector<MenuEntry> entries) {
-    if (entries == entries_)
-        return;
-    if (haveSameLayout(entries, entries_))
-        updateProperties(std::move(entries));
-    else
-        replaceLayout(std::move(entries));
-}
-
-void DBusMenu::replaceLayout(std::vector<MenuEntry> entries) {
-    firstBusId_ = busIdAt(entries_.size());
-    entries_ = std::move(entries);
-    ++revision_;
-    bus_.send(signalMessage(path_, QStringLiteral("LayoutUpdated"), {revision_, rootId}));
-}
-
-void DBusMenu::updateProperties(std::vector<MenuEntry> entries) {
-    MenuItemPropertiesList updated;
-    MenuItemRemovedPropertiesList removed;
-    for (std::size_t index = 0; index < entries.size(); ++index) {
-        const MenuEntry& now = entries[index];
-        const MenuEntry& before = entries_[index];
-        QVariantMap changed;
-        if (now.text != before.text)
-            changed.insert(QStringLiteral("label"), labelOf(now));
-        if (!now.isEnabled && before.isEnabled)
-            changed.insert(QStringLiteral("enabled"), false);
-        if (!changed.isEmpty())
-            updated.append({busIdAt(index), changed});
-        if (now.isEnabled && !before.isEnabled)
-            removed.append({busIdAt(index), {QStringLiteral("enabled")}});
-    }
-    entries_ = std::move(entries);
-    bus_.send(signalMessage(path_, QStringLiteral("ItemsPropertiesUpdated"),
-                            {QVariant::fromValue(updated), QVariant::fromValue(removed)}));
+    using Arguments = const QVariantList&;
+    addMethod("GetLayout", "iias", "u(ia{sv}av)", [this](Arguments arguments) {
+        return layout(arguments[0].toInt(), arguments[1].toInt(), arguments[2].toStringList());
+    });
+    addMethod("GetGroupProperties", "aias", "a(ia{sv})", [this](Arguments arguments) {
+        return groupProperties(qdbus_cast<QList<int>>(arguments[0]), arguments[1].toStringList());
+    });
+    addMethod("Event", "isvu", "", [this](Arguments arguments) {
+        requireKnown(arguments[0].toInt());
+        takeEvent(arguments[0].toInt(), arguments[1].toString());
+        return QVariantList();
+    });
+    addMethod("EventGroup", "a(isvu)", "ai", [this](Arguments arguments) {
+        QList<int> unknown;
+        for (const auto& [id, name] : qdbus_cast<QList<MenuEvent>>(arguments[0])) {
+            if (!takeEvent(id, name))
+                unknown.append(id);
+        }
+        return QVariantList{QVariant::fromValue(unknown)};
+    });
+    addMethod("AboutToShow", "i", "b", [this](Arguments arguments) {
+        requireKnown(arguments[0].toInt());
+        return QVariantList{false};
+    });
+    addMethod("AboutToShowGroup", "ai", "aiai", [this](Arguments arguments) {
+        auto unknown = qdbus_cast<QList<int>>(arguments[0]);
+        unknown.removeIf([this](int id) { return isKnown(id); });
+        return QVariantList{QVariant::fromValue(QList<int>()), QVariant::fromValue(unknown)};
+    });
 }
 
 QVariantMap DBusMenu::properties() const {
@@ -167,116 +84,64 @@ QVariantMap DBusMenu::properties() const {
     };
 }
 
-bool DBusMenu::isKnown(int busId) const {
-    return busId == rootId ||
-           (busId >= firstBusId_ && busId - firstBusId_ < static_cast<int>(entries_.size()));
+void DBusMenu::requireKnown(int id) const {
+    if (!isKnown(id))
+        throw DBusCallError(QDBusError::InvalidArgs, "No such menu item");
 }
 
-QList<int> DBusMenu::unknownAmong(const QList<int>& busIds) const {
-    QList<int> unknown;
-    std::ranges::copy_if(busIds, std::back_inserter(unknown),
-                         [this](int busId) { return !isKnown(busId); });
-    return unknown;
-}
-
-/// No names ask for every property.
-QVariantMap DBusMenu::itemProperties(int busId, const QStringList& names) const {
-    QVariantMap all{{QStringLiteral("children-display"), QStringLiteral("submenu")}};
-    if (busId != rootId)
-        all = propertiesOf(entries_[static_cast<std::size_t>(busId - firstBusId_)]);
+/// What differs from a panel's defaults: enabled, visible, an ordinary item. No names ask for every
+/// property.
+QVariantMap DBusMenu::itemProperties(int id, const QStringList& names) const {
+    QVariantMap all;
+    if (id == rootId) {
+        all.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
+    } else if (const auto& entry = entries_[static_cast<std::size_t>(id - 1)]; entry.isSeparator) {
+        all.insert(QStringLiteral("type"), QStringLiteral("separator"));
+    } else {
+        // An underscore would mark the next letter as access key; two of them are drawn as one.
+        all.insert(QStringLiteral("label"),
+                   QString(entry.text).replace(QLatin1Char('_'), QStringLiteral("__")));
+    }
     if (!names.isEmpty())
         all.removeIf([&names](const auto& property) { return !names.contains(property.key()); });
     return all;
 }
 
-QVariantList DBusMenu::layout(const QVariantList& arguments) const {
-    const int parent = arguments[0].toInt();
-    const int depth = arguments[1].toInt();
-    const QStringList names = arguments[2].toStringList();
-    if (!isKnown(parent))
-        refuseId();
+QVariantList DBusMenu::layout(int parent, int depth, const QStringList& names) const {
+    requireKnown(parent);
     MenuLayoutItem item{.id = parent, .properties = itemProperties(parent, names), .children = {}};
     // A depth below zero is no limit; there is one level only.
     if (parent == rootId && depth != 0) {
-        for (std::size_t index = 0; index < entries_.size(); ++index) {
-            const int busId = busIdAt(index);
-            item.children.append({busId, itemProperties(busId, names), {}});
-        }
+        for (int id = 1; id <= count(); ++id)
+            item.children.append({id, itemProperties(id, names), {}});
     }
-    return {revision_, QVariant::fromValue(item)};
+    constexpr uint revision = 1;
+    return {revision, QVariant::fromValue(item)};
 }
 
-QVariantList DBusMenu::groupProperties(const QVariantList& arguments) const {
-    const auto requested = qdbus_cast<QList<int>>(arguments[0]);
-    const QStringList names = arguments[1].toStringList();
-    MenuItemPropertiesList found;
-    const auto addIfRequested = [&](int busId) {
+QVariantList DBusMenu::groupProperties(const QList<int>& ids, const QStringList& names) const {
+    QList<MenuItemProperties> found;
+    for (int id = rootId; id <= count(); ++id) {
         // No ids ask for every item. Each is answered once, however often it is asked for.
-        if (requested.isEmpty() || requested.contains(busId))
-            found.append({busId, itemProperties(busId, names)});
-    };
-    addIfRequested(rootId);
-    for (std::size_t index = 0; index < entries_.size(); ++index)
-        addIfRequested(busIdAt(index));
+        if (ids.isEmpty() || ids.contains(id))
+            found.append({id, itemProperties(id, names)});
+    }
     return {QVariant::fromValue(found)};
 }
 
-QVariantList DBusMenu::property(const QVariantList& arguments) const {
-    const int busId = arguments[0].toInt();
-    if (!isKnown(busId))
-        refuseId();
-    const QVariantMap all = itemProperties(busId, {});
-    const auto found = all.find(arguments[1].toString());
-    if (found == all.end())
-        throw DBusCallError(QDBusError::InvalidArgs, "The menu item has no such property");
-    return {QVariant::fromValue(QDBusVariant(*found))};
-}
-
-QVariantList DBusMenu::answerEvent(const QVariantList& arguments) {
-    const int busId = arguments[0].toInt();
-    if (!isKnown(busId))
-        refuseId();
-    handleEvent(busId, arguments[1].toString());
-    return {};
-}
-
-QVariantList DBusMenu::answerEventGroup(const QVariantList& arguments) {
-    const auto events = qdbus_cast<MenuEventList>(arguments[0]);
-    QList<int> unknown;
-    for (const MenuEvent& event : events) {
-        if (isKnown(event.id))
-            handleEvent(event.id, event.name);
-        else
-            unknown.append(event.id);
-    }
-    if (!events.isEmpty() && unknown.size() == events.size())
-        refuseId();
-    return {QVariant::fromValue(unknown)};
-}
-
-void DBusMenu::handleEvent(int busId, const QString& name) {
-    if (busId == rootId || name != QStringLiteral("clicked"))
-        return;
-    const MenuEntry& entry = entries_[static_cast<std::size_t>(busId - firstBusId_)];
-    if (entry.isSeparator || !entry.isEnabled)
-        return;
+bool DBusMenu::takeEvent(int id, const QString& name) {
+    if (!isKnown(id))
+        return false;
+    if (id == rootId || name != QStringLiteral("clicked"))
+        return true;
+    const MenuEntry& entry = entries_[static_cast<std::size_t>(id - 1)];
     // Whoever listens may open windows or end the item; the panel is answered before that.
-    QMetaObject::invokeMethod(
-        this, [this, id = entry.id] { Q_EMIT triggered(id); }, Qt::QueuedConnection);
-}
-
-QVariantList DBusMenu::aboutToShow(const QVariantList& arguments) const {
-    if (!isKnown(arguments[0].toInt()))
-        refuseId();
-    return {false};
-}
-
-QVariantList DBusMenu::aboutToShowGroup(const QVariantList& arguments) const {
-    const auto requested = qdbus_cast<QList<int>>(arguments[0]);
-    const QList<int> unknown = unknownAmong(requested);
-    if (!requested.isEmpty() && unknown.size() == requested.size())
-        refuseId();
-    return {QVariant::fromValue(QList<int>()), QVariant::fromValue(unknown)};
+    if (!entry.isSeparator) {
+        QMetaObject::invokeMethod(
+            this, [this, chosen = entry.id] { Q_EMIT events_.menuTriggered(chosen); },
+            Qt::QueuedConnection);
+    }
+    return true;
 }
 
 } // namespace platform

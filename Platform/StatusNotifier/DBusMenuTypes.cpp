@@ -4,6 +4,7 @@
 #include "Platform/StatusNotifier/DBusMenuTypes.h"
 
 #include <QDBusMetaType>
+#include <QDBusVariant>
 
 namespace platform {
 
@@ -19,70 +20,20 @@ QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayoutItem& item) {
 }
 
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayoutItem& item) {
+    QVariantList children;
     argument.beginStructure();
-    argument >> item.id >> item.properties;
+    argument >> item.id >> item.properties >> children;
+    argument.endStructure();
     item.children.clear();
-    argument.beginArray();
-    while (!argument.atEnd()) {
-        QDBusVariant child;
-        argument >> child;
-        item.children.append(qdbus_cast<MenuLayoutItem>(child.variant()));
-    }
-    argument.endArray();
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuItemProperties& item) {
-    argument.beginStructure();
-    argument << item.id << item.properties;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuItemProperties& item) {
-    argument.beginStructure();
-    argument >> item.id >> item.properties;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuItemRemovedProperties& item) {
-    argument.beginStructure();
-    argument << item.id << item.names;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuItemRemovedProperties& item) {
-    argument.beginStructure();
-    argument >> item.id >> item.names;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event) {
-    argument.beginStructure();
-    argument << event.id << event.name << event.data << event.timestamp;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event) {
-    argument.beginStructure();
-    argument >> event.id >> event.name >> event.data >> event.timestamp;
-    argument.endStructure();
+    for (const QVariant& child : children)
+        item.children.append(qdbus_cast<MenuLayoutItem>(child));
     return argument;
 }
 
 void registerDBusMenuTypes() {
     qDBusRegisterMetaType<MenuLayoutItem>();
     qDBusRegisterMetaType<MenuItemProperties>();
-    qDBusRegisterMetaType<MenuItemPropertiesList>();
-    qDBusRegisterMetaType<MenuItemRemovedProperties>();
-    qDBusRegisterMetaType<MenuItemRemovedPropertiesList>();
-    qDBusRegisterMetaType<MenuEvent>();
-    qDBusRegisterMetaType<MenuEventList>();
+    qDBusRegisterMetaType<QList<MenuItemProperties>>();
 }
 
 } // namespace platform

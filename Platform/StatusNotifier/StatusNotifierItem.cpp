@@ -3,22 +3,20 @@
 
 #include "Platform/StatusNotifier/StatusNotifierItem.h"
 
+#include "Platform/DBus/DBusCall.h"
+#include "Platform/DBus/ServiceError.h"
+
 #include <QCoreApplication>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusVariant>
 
-#include <chrono>
 #include <utility>
 
 namespace platform {
 
-using namespace std::chrono_literals;
-
 namespace {
 
 const auto watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
-const auto nameHasNoOwner = QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
 const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 /// A name of the item's own; the number tells the items of one process apart.
@@ -32,20 +30,15 @@ QString nextServiceName() {
 } // namespace
 
 StatusNotifierItem::StatusNotifierItem(const StatusItemIdentity& identity,
-                                       std::unique_ptr<StatusNotifierRendering> rendering,
-                                       const QDBusConnection& bus, QObject* parent)
-    : StatusItemPresentation(parent),
-      rendering_(std::move(rendering)),
+                                       StatusNotifierRendering rendering,
+                                       const QDBusConnection& bus, Clock& clock,
+                                       StatusItemEvents& events)
+    : rendering_(std::move(rendering)),
       bus_(bus),
+      clock_(clock),
       serviceName_(nextServiceName()),
-      object_(identity, nullptr),
-      menu_(bus, StatusNotifierObject::menuPath, nullptr) {
-    connect(&object_, &StatusNotifierObject::activated, this, &StatusItemPresentation::activated);
-    connect(&menu_, &DBusMenu::triggered, this, &StatusItemPresentation::menuTriggered);
-    hostPatience_.setSingleShot(true);
-    hostPatience_.setInterval(2s);
-    connect(&hostPatience_, &QTimer::timeout, this, &StatusNotifierItem::registerWithWatcher);
-}
+      object_(identity, events),
+      menu_(identity.menu, events) {}
 
 StatusNotifierItem::~StatusNotifierItem() {
     if (!isOnBus_)
@@ -55,10 +48,9 @@ StatusNotifierItem::~StatusNotifierItem() {
     bus_.unregisterObject(StatusNotifierObject::menuPath);
 }
 
-void StatusNotifierItem::show(const StatusItemContent& content) {
-    menu_.setEntries(content.menu);
+void StatusNotifierItem::setContent(const StatusItemContent& content) {
     content_ = content;
-    const QList<QDBusMessage> changes = object_.setState(rendering_->render(content, false));
+    const QList<QDBusMessage> changes = object_.setState(rendering_.render(content, false));
     if (!isOnBus_) {
         appear();
         return;
@@ -83,43 +75,44 @@ void StatusNotifierItem::appear() {
             [this](const QString&, const QString&, const QString& newOwner) {
                 if (newOwner.isEmpty())
                     return;
-                object_.setState(rendering_->render(content_, true));
-                findHost();
+                object_.setState(rendering_.render(content_, true));
+                hostSearch_ = startTask(findHost());
             });
     bus_.connect(watcherService, watcherPath, watcherService,
                  QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(registerForHost()));
-    findHost();
+    hostSearch_ = startTask(findHost());
 }
 
-void StatusNotifierItem::findHost() {
-    hostPatience_.start();
+Task<> StatusNotifierItem::findHost() {
+    patience_ = clock_.startTimer(hostPatience, [this] { registerWithWatcher(); });
     auto ask = QDBusMessage::createMethodCall(watcherService, watcherPath,
                                               QStringLiteral("org.freedesktop.DBus.Properties"),
                                               QStringLiteral("Get"));
     ask.setAutoStartService(false);
     ask << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
-    auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(ask), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        const QDBusPendingReply<QDBusVariant> hasHost = *answer;
-        const QDBusError error = hasHost.error();
+    // A watcher that does not say may well have one.
+    bool hasHost = true;
+    try {
+        const QDBusMessage answer = co_await DBusCall(bus_, ask, clock_, hostPatience);
+        hasHost = answer.arguments().value(0).value<QDBusVariant>().variant().toBool();
+    } catch (const ServiceError& error) {
         // Without a watcher; its coming will be told.
-        if (error.type() == QDBusError::ServiceUnknown || error.name() == nameHasNoOwner)
-            hostPatience_.stop();
-        // A watcher that does not say may well have one.
-        else if (error.isValid() || hasHost.value().variant().toBool())
-            registerForHost();
-        answer->deleteLater();
-    });
+        if (error.code() == ServiceError::Code::unavailable) {
+            patience_.reset();
+            co_return;
+        }
+    }
+    if (hasHost)
+        registerForHost();
 }
 
 void StatusNotifierItem::registerForHost() {
-    if (!hostPatience_.isActive())
-        return;
-    hostPatience_.stop();
-    registerWithWatcher();
+    if (patience_)
+        registerWithWatcher();
 }
 
 void StatusNotifierItem::registerWithWatcher() {
+    patience_.reset();
     auto call = QDBusMessage::createMethodCall(watcherService, watcherPath, watcherService,
                                                QStringLiteral("RegisterStatusNotifierItem"));
     // A panel brings its watcher up itself.

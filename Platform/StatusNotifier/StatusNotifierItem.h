@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "Platform/StatusContent/StatusItemIdentity.h"
+#include "Platform/Async/TaskHandle.h"
+#include "Platform/Foundation/Clock.h"
 #include "Platform/StatusContent/StatusItemPresentation.h"
 #include "Platform/StatusNotifier/DBusMenu.h"
 #include "Platform/StatusNotifier/StatusNotifierObject.h"
@@ -11,8 +12,8 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
-#include <QTimer>
 
+#include <chrono>
 #include <memory>
 
 namespace platform {
@@ -23,36 +24,40 @@ namespace platform {
 /// Makes itself known whenever a panel's watcher appears, which may be before, after or several
 /// times during the life of the item, and once a panel listens to that watcher: one that is just
 /// starting may miss an item that comes between its first look and its listening. Never waits for
-/// an answer of a panel, nor longer than two seconds for one that listens.
-class StatusNotifierItem final : public StatusItemPresentation {
+/// an answer of a panel, nor longer than `hostPatience` for one that listens.
+class StatusNotifierItem final : public QObject, public StatusItemPresentation {
     Q_OBJECT
 
 public:
-    StatusNotifierItem(const StatusItemIdentity& identity,
-                       std::unique_ptr<StatusNotifierRendering> rendering,
-                       const QDBusConnection& bus, QObject* parent = nullptr);
+    static constexpr std::chrono::seconds hostPatience{2};
+
+    /// What is handed in by reference must outlive the item.
+    StatusNotifierItem(const StatusItemIdentity& identity, StatusNotifierRendering rendering,
+                       const QDBusConnection& bus, Clock& clock, StatusItemEvents& events);
     ~StatusNotifierItem() override;
 
-    void show(const StatusItemContent& content) override;
+    void setContent(const StatusItemContent& content) override;
 
 private Q_SLOTS:
     void registerForHost();
 
 private:
     void appear();
-    void findHost();
+    Task<> findHost();
     void registerWithWatcher();
     QDBusMessage busCall(const QString& method) const;
 
-    std::unique_ptr<StatusNotifierRendering> rendering_;
+    StatusNotifierRendering rendering_;
     QDBusConnection bus_;
+    Clock& clock_;
     QString serviceName_;
     StatusNotifierObject object_;
     DBusMenu menu_;
     QDBusServiceWatcher watcher_;
-    QTimer hostPatience_; ///< runs while a panel that listens is waited for
     StatusItemContent content_;
     bool isOnBus_ = false;
+    std::unique_ptr<ClockTimer> patience_; ///< there while a panel that listens is waited for
+    TaskHandle hostSearch_;
 };
 
 } // namespace platform

@@ -11,69 +11,14 @@
 
 namespace platform {
 
-namespace {
-
-const auto interfaceName = QStringLiteral("org.kde.StatusNotifierItem");
-
-// Title, status and the other icons never change, so there are no signals for them.
-const auto interfaceDescription = QStringLiteral(R"xml(
-  <interface name="org.kde.StatusNotifierItem">
-    <property name="Category" type="s" access="read"/>
-    <property name="Id" type="s" access="read"/>
-    <property name="Title" type="s" access="read"/>
-    <property name="Status" type="s" access="read"/>
-    <property name="WindowId" type="i" access="read"/>
-    <property name="IconThemePath" type="s" access="read"/>
-    <property name="IconName" type="s" access="read"/>
-    <property name="IconPixmap" type="a(iiay)" access="read"/>
-    <property name="IconAccessibleDesc" type="s" access="read"/>
-    <property name="OverlayIconName" type="s" access="read"/>
-    <property name="OverlayIconPixmap" type="a(iiay)" access="read"/>
-    <property name="AttentionIconName" type="s" access="read"/>
-    <property name="AttentionIconPixmap" type="a(iiay)" access="read"/>
-    <property name="AttentionAccessibleDesc" type="s" access="read"/>
-    <property name="AttentionMovieName" type="s" access="read"/>
-    <property name="ToolTip" type="(sa(iiay)ss)" access="read"/>
-    <property name="ItemIsMenu" type="b" access="read"/>
-    <property name="Menu" type="o" access="read"/>
-    <property name="XAyatanaLabel" type="s" access="read"/>
-    <property name="XAyatanaLabelGuide" type="s" access="read"/>
-    <property name="XAyatanaOrderingIndex" type="u" access="read"/>
-    <method name="Activate">
-      <arg name="x" type="i" direction="in"/>
-      <arg name="y" type="i" direction="in"/>
-    </method>
-    <method name="SecondaryActivate">
-      <arg name="x" type="i" direction="in"/>
-      <arg name="y" type="i" direction="in"/>
-    </method>
-    <method name="XAyatanaSecondaryActivate">
-      <arg name="timestamp" type="u" direction="in"/>
-    </method>
-    <method name="ContextMenu">
-      <arg name="x" type="i" direction="in"/>
-      <arg name="y" type="i" direction="in"/>
-    </method>
-    <method name="Scroll">
-      <arg name="delta" type="i" direction="in"/>
-      <arg name="orientation" type="s" direction="in"/>
-    </method>
-    <signal name="NewIcon"/>
-    <signal name="NewToolTip"/>
-    <signal name="XAyatanaNewLabel">
-      <arg name="label" type="s"/>
-      <arg name="guide" type="s"/>
-    </signal>
-  </interface>
-)xml");
-
-} // namespace
-
 const QString StatusNotifierObject::path = QStringLiteral("/StatusNotifierItem");
 const QString StatusNotifierObject::menuPath = QStringLiteral("/MenuBar");
 
-StatusNotifierObject::StatusNotifierObject(StatusItemIdentity identity, QObject* parent)
-    : DBusObject(interfaceName, interfaceDescription, parent), identity_(std::move(identity)) {
+StatusNotifierObject::StatusNotifierObject(const StatusItemIdentity& identity,
+                                           StatusItemEvents& events)
+    : DBusObject(QStringLiteral("org.kde.StatusNotifierItem"), nullptr),
+      identity_(identity),
+      events_(events) {
     registerStatusNotifierTypes();
     addMethods();
 }
@@ -88,17 +33,21 @@ void StatusNotifierObject::addMethods() {
         return QVariantList();
     };
     const auto ignore = [](const QVariantList&) { return QVariantList(); };
-    addMethod(QStringLiteral("Activate"), QStringLiteral("ii"), activate);
-    addMethod(QStringLiteral("SecondaryActivate"), QStringLiteral("ii"), activate);
-    addMethod(QStringLiteral("XAyatanaSecondaryActivate"), QStringLiteral("u"), activateAtPointer);
-    addMethod(QStringLiteral("ContextMenu"), QStringLiteral("ii"), ignore);
-    addMethod(QStringLiteral("Scroll"), QStringLiteral("is"), ignore);
+    addMethod("Activate", "ii", "", activate);
+    addMethod("SecondaryActivate", "ii", "", activate);
+    addMethod("XAyatanaSecondaryActivate", "u", "", activateAtPointer);
+    addMethod("ContextMenu", "ii", "", ignore);
+    addMethod("Scroll", "is", "", ignore);
+    // Title, status and the other icons never change.
+    addSignal("NewIcon", "");
+    addSignal("NewToolTip", "");
+    addSignal("XAyatanaNewLabel", "ss");
 }
 
 void StatusNotifierObject::reportActivation(QPoint point) {
     // Whoever listens may open windows or end the item; the panel is answered before that.
     QMetaObject::invokeMethod(
-        this, [this, point] { Q_EMIT activated(point); }, Qt::QueuedConnection);
+        this, [this, point] { Q_EMIT events_.activated(point); }, Qt::QueuedConnection);
 }
 
 QVariantMap StatusNotifierObject::properties() const {

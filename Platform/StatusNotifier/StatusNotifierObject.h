@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Platform/DBus/DBusObject.h"
+#include "Platform/StatusContent/StatusItemEvents.h"
 #include "Platform/StatusContent/StatusItemIdentity.h"
 #include "Platform/StatusNotifier/StatusNotifierState.h"
 
@@ -25,16 +26,13 @@ public:
     /// Where the item says its menu is.
     static const QString menuPath;
 
-    StatusNotifierObject(StatusItemIdentity identity, QObject* parent);
+    /// Both must outlive the object. `events` hears of clicks, each at its point as the panel
+    /// counts, after the panel has its answer.
+    StatusNotifierObject(const StatusItemIdentity& identity, StatusItemEvents& events);
 
     /// Takes over `state` and gives the signals that tell panels what changed, and nothing else: a
     /// panel reads everything again at each of them.
     QList<QDBusMessage> setState(StatusNotifierState state);
-
-Q_SIGNALS:
-    /// Somebody clicked the item at this point, as the panel counts. Emitted after the panel has
-    /// its answer.
-    void activated(QPoint point);
 
 protected:
     QVariantMap properties() const override;
@@ -43,7 +41,8 @@ private:
     void addMethods();
     void reportActivation(QPoint point);
 
-    StatusItemIdentity identity_;
+    const StatusItemIdentity& identity_;
+    StatusItemEvents& events_;
     StatusNotifierState state_;
 };
 

@@ -4,18 +4,51 @@
 #pragma once
 
 #include "Platform/StatusContent/StatusItemContent.h"
+#include "Platform/StatusContent/StatusItemIdentity.h"
 #include "Platform/StatusNotifier/StatusNotifierState.h"
 
+#include <optional>
+
 namespace platform {
+
+class SystemAppearance;
 
 /// What an item on the bus says of itself to show its content. Panels differ in what they show.
 class StatusNotifierRendering {
 public:
-    virtual ~StatusNotifierRendering() = default;
+    enum class Style {
+        /// A square icon, as pixmaps and as a file, with a label for panels that write one.
+        iconAndLabel,
+
+        /// The same without the label, because the text is shown elsewhere. The icon is shown
+        /// whatever the content says, since there would be nothing else.
+        icon,
+
+        /// Icon and text painted into one picture, for panels that show it in its natural width.
+        /// There is no icon file, which a panel would prefer, and no square picture, which it might
+        /// pick.
+        wideImage,
+    };
+
+    /// Both must outlive this.
+    StatusNotifierRendering(Style style, const StatusItemIdentity& identity,
+                            const SystemAppearance& appearance)
+        : style_(style), identity_(identity), appearance_(appearance) {}
 
     /// @param isForNewPanel whether the panel has just come up, and what was made for another one
     ///                      may not be there any more
-    virtual StatusNotifierState render(const StatusItemContent& content, bool isForNewPanel) = 0;
+    StatusNotifierState render(const StatusItemContent& content, bool isForNewPanel);
+
+private:
+    void takeImage(const StatusItemImage& image);
+    IconPixmapList wideImages(const StatusItemContent& content) const;
+
+    Style style_;
+    const StatusItemIdentity& identity_;
+    const SystemAppearance& appearance_;
+    /// What the icon in `state_` was made of.
+    std::optional<StatusItemImage> image_;
+    StatusNotifierState state_;
 };
 
 } // namespace platform

@@ -24,17 +24,27 @@ constexpr auto flags = Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowMana
 
 } // namespace
 
-DockWindow::DockWindow(const SystemTray& tray, const SystemAppearance& appearance)
-    : StatusItemView(flags, inset),
-      tray_(tray),
-      appearance_(appearance),
-      isTranslucent_(tray.isTranslucent()) {
-    setAttribute(Qt::WA_TranslucentBackground, isTranslucent_);
+DockWindow::DockWindow(const StatusItemIdentity& identity, StatusItemEvents& events,
+                       const SystemTray& tray, const SystemAppearance& appearance)
+    : StatusItemView(identity, events, flags, inset), tray_(tray), appearance_(appearance) {
+    connect(&tray, &SystemTray::managerChanged, this, &DockWindow::dock);
     connect(&tray, &SystemTray::changed, this, qOverload<>(&QWidget::update));
-    connect(&appearance, &SystemAppearance::preferredChanged, this, qOverload<>(&QWidget::update));
+}
+
+void DockWindow::setContent(const StatusItemContent& content) {
+    const bool isFirst = !hasContent();
+    StatusItemView::setContent(content);
+    if (isFirst)
+        dock();
 }
 
 void DockWindow::dock() {
+    // The window on the display went with its tray, and is of one kind for life.
+    hide();
+    destroy();
+    if (!hasContent() || !tray_.manager())
+        return;
+    setAttribute(Qt::WA_TranslucentBackground, tray_.isTranslucent());
     createWinId();
     setEmbedInfo(false); // the toolkit maps it, not the tray
     tray_.dock(static_cast<quint32>(winId()));
@@ -71,7 +81,7 @@ void DockWindow::setEmbedInfo(bool isMapped) {
                      {version, isMapped ? 1U : 0U});
 }
 
-void DockWindow::contentResized(QSize size) {
+void DockWindow::takeRoom(QSize size) {
     // The tray chooses the size, and goes by the least one to do so.
     setMinimumSize(size);
     resize(size);
@@ -88,7 +98,8 @@ void DockWindow::paintGround(QPainter& painter) {
     const bool isDark = colors().appearance == Appearance::dark;
     // What cannot shine through is at least told from the text.
     const QColor opaque = isDark ? QColor(36, 36, 40) : QColor(251, 251, 252);
-    painter.fillRect(rect(), isTranslucent_ ? QColor(Qt::transparent) : opaque);
+    painter.fillRect(rect(), testAttribute(Qt::WA_TranslucentBackground) ? QColor(Qt::transparent)
+                                                                         : opaque);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 

@@ -10,33 +10,34 @@ namespace platform {
 class SystemAppearance;
 class SystemTray;
 
-/// The window that a `DockItem` puts into one tray. Goes with the tray.
+/// The presentation for trays on the X display that take windows of any width. Docks anew in
+/// whichever tray comes up.
 class DockWindow final : public StatusItemView {
     Q_OBJECT
 
 public:
-    /// Both must outlive the window; there must be a tray.
-    DockWindow(const SystemTray& tray, const SystemAppearance& appearance);
+    /// What is handed in must outlive the window.
+    DockWindow(const StatusItemIdentity& identity, StatusItemEvents& events, const SystemTray& tray,
+               const SystemAppearance& appearance);
 
-    /// Asks the tray to take it, with the room that its content needs.
-    void dock();
+    void setContent(const StatusItemContent& content) override;
 
-    /// Where it is on the screen; absent as long as the tray has not taken it.
-    std::optional<QRect> frame() const;
+    /// Absent as long as no tray has taken it.
+    std::optional<QRect> frame() const override;
 
 protected:
     StatusItemColors colors() const override;
     void paintGround(QPainter& painter) override;
-    void contentResized(QSize size) override;
+    void takeRoom(QSize size) override;
     bool nativeEvent(const QByteArray& type, void* event, qintptr* result) override;
 
 private:
+    void dock();
     void appear();
     void setEmbedInfo(bool isMapped);
 
     const SystemTray& tray_;
     const SystemAppearance& appearance_;
-    bool isTranslucent_;
 };
 
 } // namespace platform

@@ -23,8 +23,10 @@ QString withoutAccessKeys(QString text) {
 
 } // namespace
 
-StatusItemView::StatusItemView(Qt::WindowFlags flags, QMargins inset)
-    : QWidget(nullptr, flags), inset_(inset) {
+StatusItemView::StatusItemView(const StatusItemIdentity& identity, StatusItemEvents& events,
+                               Qt::WindowFlags flags, QMargins inset)
+    : QWidget(nullptr, flags), identity_(identity), events_(events), inset_(inset) {
+    setWindowTitle(identity.title);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_AlwaysShowToolTips);
     setFocusPolicy(Qt::NoFocus);
@@ -32,43 +34,32 @@ StatusItemView::StatusItemView(Qt::WindowFlags flags, QMargins inset)
 }
 
 void StatusItemView::setContent(const StatusItemContent& content) {
-    if (content_ == content)
-        return;
-    content_ = content;
     painter_.emplace(content, lineHeight);
     setAccessibleName(content.toolTip);
     // The text need not be told to somebody who is looking at it.
     setToolTip(content.title.plainText().isEmpty() ? content.toolTip : QString());
     const QSize size = painter_->size().grownBy(inset_);
     if (size != this->size())
-        contentResized(size);
+        takeRoom(size);
     update();
-}
-
-void StatusItemView::contentResized(QSize size) {
-    setFixedSize(size);
 }
 
 void StatusItemView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        Q_EMIT clicked();
+        Q_EMIT events_.clicked();
 }
 
 void StatusItemView::contextMenuEvent(QContextMenuEvent* event) {
-    if (!content_ || content_->menu.empty())
-        return;
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const MenuEntry& entry : content_->menu) {
+    for (const MenuEntry& entry : identity_.menu) {
         if (entry.isSeparator) {
             menu->addSeparator();
             continue;
         }
-        QAction* const action = menu->addAction(withoutAccessKeys(entry.text));
-        action->setEnabled(entry.isEnabled);
         connect(
-            action, &QAction::triggered, this, [this, id = entry.id] { Q_EMIT menuTriggered(id); },
-            Qt::QueuedConnection);
+            menu->addAction(withoutAccessKeys(entry.text)), &QAction::triggered, this,
+            [this, id = entry.id] { Q_EMIT events_.menuTriggered(id); }, Qt::QueuedConnection);
     }
     menu->popup(event->globalPos());
 }

@@ -5,7 +5,6 @@
 
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Desktop/Compositing.h"
-#include "Platform/Desktop/WindowManagers.h"
 #include "Platform/Desktop/X11.h"
 
 #include <QApplication>
@@ -24,6 +23,17 @@ constexpr QMargins contentInset(10, 2, 10, 2);
 /// Between the strip and the edges.
 constexpr int distance = 4;
 
+/// Whether the display's window manager leaves a small dock where it puts itself, in the size it
+/// gives itself. True where there is none to ask.
+bool leavesDocksInPlace() {
+    if (!x11::connection())
+        return true;
+    // i3 and its kin give a dock a whole edge of the screen. What follows it on Wayland lays it out
+    // like any window; those compositors have the name of the library that they stand on.
+    const QByteArray name = x11::windowManager();
+    return name != "i3" && name != "wlroots wm";
+}
+
 Qt::WindowFlags stripFlags() {
     const Qt::WindowFlags flags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                                   Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
@@ -32,10 +42,28 @@ Qt::WindowFlags stripFlags() {
 
 } // namespace
 
-StripWindow::StripWindow(StripPosition position)
-    : StatusItemView(stripFlags(), contentInset), position_(position) {
+StripWindow::StripWindow(const StatusItemIdentity& identity, StatusItemEvents& events,
+                         StripPosition position)
+    : StatusItemView(identity, events, stripFlags(), contentInset), position_(position) {
     setAttribute(Qt::WA_TranslucentBackground);
+    // Not every window manager puts windows that fill the screen above docks.
+    connect(&fullScreen_, &FullScreenWatch::changed, this, &StripWindow::showUnlessCovered);
     followScreens();
+}
+
+void StripWindow::setContent(const StatusItemContent& content) {
+    adoptCompositing();
+    StatusItemView::setContent(content);
+    showUnlessCovered();
+}
+
+void StripWindow::showUnlessCovered() {
+    if (hasContent())
+        setVisible(!fullScreen_.covers(geometry().center()));
+}
+
+std::optional<QRect> StripWindow::frame() const {
+    return isVisible() ? std::optional(geometry()) : std::nullopt;
 }
 
 void StripWindow::setVisible(bool isVisible) {
@@ -102,8 +130,8 @@ void StripWindow::place() {
     move(position_.corner(size(), room()));
 }
 
-void StripWindow::contentResized(QSize size) {
-    StatusItemView::contentResized(size);
+void StripWindow::takeRoom(QSize size) {
+    setFixedSize(size);
     place();
 }
 
@@ -151,7 +179,7 @@ void StripWindow::mouseReleaseEvent(QMouseEvent* event) {
         return;
     pressedAt_.reset();
     if (std::exchange(isDragged_, false))
-        Q_EMIT moved(position_);
+        Q_EMIT events().stripMoved(position_);
     else
         StatusItemView::mouseReleaseEvent(event);
 }

@@ -3,41 +3,43 @@
 
 #pragma once
 
+#include "Platform/Desktop/FullScreenWatch.h"
+#include "Platform/StatusContent/StripPosition.h"
 #include "Platform/StatusWindows/StatusItemView.h"
-#include "Platform/StatusWindows/StripPosition.h"
 
 #include <QPointer>
 #include <QScreen>
 
 namespace platform {
 
-/// The slim window of a `StripItem`: lies at an edge of a screen, above other windows, never has
-/// the keyboard, and can be dragged along the edges.
+/// The presentation for desktops whose panels show no text, or that have none: a slim window that
+/// lies at an edge of a screen, above other windows but not above one that fills the screen. It
+/// never has the keyboard, and can be dragged along the edges.
 class StripWindow final : public StatusItemView {
     Q_OBJECT
 
 public:
-    explicit StripWindow(StripPosition position);
+    /// What is handed in by reference must outlive the window.
+    StripWindow(const StatusItemIdentity& identity, StatusItemEvents& events,
+                StripPosition position);
 
-    /// Takes the shape that the display can show. Compositors come and go, and not all tell.
-    void adoptCompositing();
-
+    void setContent(const StatusItemContent& content) override;
+    std::optional<QRect> frame() const override;
     void setVisible(bool isVisible) override;
-
-Q_SIGNALS:
-    /// The user dragged it there.
-    void moved(StripPosition position);
 
 protected:
     StatusItemColors colors() const override;
     void paintGround(QPainter& painter) override;
-    void contentResized(QSize size) override;
+    void takeRoom(QSize size) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    /// Takes the shape that the display can show. Compositors come and go, and not all tell.
+    void adoptCompositing();
+    void showUnlessCovered();
     void presentToWindowManager();
     void followScreens();
     void followScreen(QScreen& screen);
@@ -47,6 +49,7 @@ private:
     QRect room() const; ///< where on the screen it may be
 
     StripPosition position_;
+    FullScreenWatch fullScreen_;
     QPointer<QScreen> screen_;        ///< where it was dragged to; none: the primary one
     std::optional<QPoint> pressedAt_; ///< within the window
     bool isDragged_ = false;

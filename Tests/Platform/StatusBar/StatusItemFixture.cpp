@@ -33,6 +33,9 @@ void StatusItemFixture::makeItem(StatusItemOptions options) {
     item_ = std::make_unique<StatusItem>(
         StatusItemIdentity{QStringLiteral("quorvel"), QStringLiteral("Quorvel"), icons_.path()},
         clock_, bus_.connect(), options);
+    item_->setMenu({{10, QStringLiteral("Open")},
+                    MenuEntry::separator(),
+                    {11, QStringLiteral("under_score")}});
     item_->setImage(image(Qt::red));
     item_->setTitle(title(QStringLiteral("BTC 1.00")));
     item_->setToolTip(QStringLiteral("BTC 1.00"));
@@ -44,7 +47,6 @@ void StatusItemFixture::showItem(StatusItemOptions options) {
     makeItem(options);
     waitForRegistrations(1);
     panel_.listenTo(service_, itemInterface);
-    panel_.listenTo(service_, QStringLiteral("com.canonical.dbusmenu"));
 }
 
 void StatusItemFixture::waitForRegistrations(qsizetype count) {

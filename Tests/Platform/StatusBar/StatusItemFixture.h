@@ -25,7 +25,7 @@ protected:
     static platform::AttributedTitle title(const QString& text);
     static platform::StatusItemImage image(Qt::GlobalColor color, bool isShown = true);
 
-    /// Makes the item with a title, a tooltip, an image and no menu.
+    /// Makes the item with a title, a tooltip, an image and a menu of two entries.
     void makeItem(platform::StatusItemOptions options = {});
 
     /// Starts a watcher and makes the item, and waits until the panel knows it.

@@ -69,7 +69,6 @@ TEST_F(StatusItemTiming, NothingIsSentWhenNothingChangedInTheEnd) {
     item_->setImage(image(Qt::red));
     item_->setToolTip(QStringLiteral("BTC 1.00"), Urgency::immediate);
     item_->setTitle(title(QStringLiteral("BTC 1.00")), Urgency::immediate);
-    item_->setMenu({});
     EXPECT_EQ(clock_.timerCount(), 0U);
     item_->setTitle(title(QStringLiteral("BTC 2.00")));
     item_->setTitle(title(QStringLiteral("BTC 1.00")));
@@ -95,9 +94,6 @@ TEST_F(StatusItemTiming, OnlyWhatChangedIsTold) {
                                     {QStringLiteral("1.00"), DynamicColor{Qt::red, Qt::blue}, -2}}};
     EXPECT_THAT(signalsAfter([&] { item_->setTitle(coloured); }), IsEmpty());
     EXPECT_THAT(signalsAfter([this] { item_->setTitle({}); }), ElementsAre("XAyatanaNewLabel(, )"));
-    EXPECT_THAT(
-        signalsAfter([this] { item_->setMenu({{1, QStringLiteral("Open"), true, false}}); }),
-        ElementsAre("LayoutUpdated(2, 0)"));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Platform/StatusWindows/StripPosition.h"
+#include "Platform/StatusContent/StripPosition.h"
 
 #include <QStringList>
 
