@@ -4,6 +4,7 @@
 #include "Platform/StatusNotifier/StatusNotifierRendering.h"
 
 #include "Platform/Appearance/SystemAppearance.h"
+#include "Tests/Support/ManualClock.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -34,7 +35,8 @@ protected:
     QTemporaryDir icons_;
     StatusItemIdentity identity_{QStringLiteral("quorvel"), QStringLiteral("Quorvel"),
                                  icons_.path()};
-    SystemAppearance appearance_{QDBusConnection(QStringLiteral("no such connection"))};
+    test::ManualClock clock_;
+    SystemAppearance appearance_{QDBusConnection(QStringLiteral("no such connection")), clock_};
     StatusItemContent content_;
 };
 
