@@ -234,6 +234,8 @@ def negate(arguments):
     began = time.monotonic()
     counts = {}
     for number, (path, (start, end)) in enumerate(drawn, 1):
+        if arguments.pick and number not in arguments.pick:
+            continue
         text = path.read_text()
         condition = text[start:end]
         changed = text[:start] + f"!({condition})" + text[end:]
@@ -289,6 +291,8 @@ def main():
     of_draw.add_argument("--only", action="append", metavar="PATTERN",
                          help="draw from these files, e.g. 'Quorvel/Panel/*.cpp'")
     of_draw.add_argument("--panels", action="store_true", help="judge by whole panels, too")
+    of_draw.add_argument("--pick", type=int, action="append", metavar="NUMBER",
+                         help="of those drawn judge only this one; may be given again")
     of_draw.add_argument("--list", action="store_true", help="only show what is drawn")
     for command in (of_table, of_draw):
         command.add_argument("--jobs", type=int, default=2)

@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -142,6 +143,19 @@ TEST_F(ControlLooks, ShowAFlatButtonThatEnterPressesAsIfThePointerWereThere) {
     button.setEnabled(false);
     EXPECT_EQ(Look(button).at(0.05, 0.5), ground_);
     EXPECT_GT(Look(button).darkest(), idle.darkest());
+}
+
+TEST_F(ControlLooks, RingAFlatButtonThatTheKeyboardHasReached) {
+    QPushButton button(QStringLiteral("Add"));
+    button.setFlat(true);
+    button.show();
+    button.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&button));
+    button.setFocus(Qt::MouseFocusReason);
+    EXPECT_THAT(Look(button).at(0.5, 0), testing::Not(IsLike(colors_.accent)));
+    button.clearFocus();
+    button.setFocus(Qt::TabFocusReason);
+    EXPECT_THAT(Look(button).at(0.5, 0), IsLike(colors_.accent));
 }
 
 TEST_F(ControlLooks, PutTheSymbolOfAButtonBehindItsText) {

@@ -158,6 +158,16 @@ TEST_F(Application, ShowsTheIconWhereItIsWantedOrAllThereIs) {
     EXPECT_TRUE(isIconSeen());
 }
 
+TEST_F(Application, SetsTheRowsOfTheSettingsApart) {
+    launch();
+    auto user = app.openSettings();
+    const QWidget& row = *user.control(u"Content"_s).parentWidget();
+    const QWidget& card = *row.parentWidget();
+    const QImage picture = user.picture(card);
+    EXPECT_LT(picture.pixelColor(card.width() / 2, row.y()).lightness(),
+              picture.pixelColor(card.width() / 2, row.y() + 2).lightness());
+}
+
 TEST_F(Application, RepeatsStepsWhileTheButtonIsDown) {
     launch();
     auto user = app.openSettings();
@@ -229,6 +239,33 @@ TEST_F(Application, DragsRowsAndMovesThemByKeys) {
     EXPECT_THAT(user.focus(), StartsWith("ETHUSDT"));
 }
 
+TEST_F(Application, LiftsARowThatIsHeldAndRevealsItsButtonBelowThePointer) {
+    launch();
+    auto user = app.openPanel();
+    QWidget& row = app.row("BTC");
+    QWidget& remove = user.control(u"Remove BTC"_s);
+    const auto ground = [&] { return user.picture(row).pixelColor(74, 5).lightness(); };
+    const QImage hidden = user.picture(remove);
+    const int idle = ground();
+    user.pointTo(row, row.rect().center());
+    const int hovered = ground();
+    EXPECT_LT(hovered, idle);
+    EXPECT_NE(user.picture(remove), hidden);
+    const QPoint grip = row.rect().center();
+    user.hold(row, grip);
+    user.pointTo(row, grip + QPoint(0, 15));
+    EXPECT_LT(ground(), hovered);
+    user.key(Qt::Key_Escape);
+    EXPECT_TRUE(app.isPanelOpen()) << "it was the drag that ended";
+    user.release(row, grip);
+    EXPECT_THAT(app.savedPairs(), ElementsAre("BTC", "ETH"));
+    user.pointTo(app.row("ETH"), grip);
+    EXPECT_EQ(ground(), idle);
+    EXPECT_EQ(user.picture(remove), hidden);
+    user.press(u"Remove ETH"_s);
+    EXPECT_THAT(app.savedPairs(), ElementsAre("BTC"));
+}
+
 TEST_F(Application, RepaintsRowsForAllThatTheyShow) {
     launch();
     auto user = app.openPanel();
@@ -253,8 +290,11 @@ TEST_F(Application, RepaintsRowsForAllThatTheyShow) {
     app.openSettings();
     app.openPanel();
     hasChanged();
+    const auto chart = [&] { return user.picture(app.row("BTC")).copy(85, 8, 50, 30); };
+    const QImage redChart = chart();
     app.settings().activate(u"Green up, red down"_s);
     EXPECT_TRUE(hasChanged()) << "other colours";
+    EXPECT_NE(chart(), redChart);
 }
 
 TEST_F(Application, TakesAPairFromThePanelIntoAnAlertThatNotifies) {

@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <xcb/xcb.h>
 
 using namespace std::chrono_literals;
@@ -141,6 +142,14 @@ TEST_F(Strip, FollowsTheTheme) {
         return user.picture(strip()).pixelColor(strip().width() / 2, 3).lightness();
     };
     EXPECT_LT(ground(), 100);
+    const auto brightest = [this] {
+        const QImage image = app.strip().picture(strip());
+        int brightest = 0;
+        for (int x = 0; x < image.width(); ++x)
+            brightest = std::max(brightest, qGray(image.pixel(x, image.height() / 2)));
+        return brightest;
+    };
+    EXPECT_GT(brightest(), 180) << "the text";
     app.openSettings().choose(u"Theme"_s, u"Light"_s);
     EXPECT_GT(ground(), 150);
 }

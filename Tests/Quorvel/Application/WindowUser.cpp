@@ -93,6 +93,11 @@ void WindowUser::click(QWidget& widget, QPoint place, Qt::MouseButton button) {
     drainEvents();
 }
 
+void WindowUser::pointTo(QWidget& widget, QPoint place) {
+    QTest::mouseMove(window_.windowHandle(), widget.mapTo(&window_, place));
+    drainEvents();
+}
+
 void WindowUser::hold(QWidget& widget, QPoint place) {
     const QPoint there = widget.mapTo(&window_, place);
     QTest::mouseMove(window_.windowHandle(), there);

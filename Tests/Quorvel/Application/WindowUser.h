@@ -36,6 +36,8 @@ public:
     void activate(const QString& name);
     void click(QWidget& widget, QPoint place, Qt::MouseButton button = Qt::LeftButton);
 
+    void pointTo(QWidget& widget, QPoint place);
+
     /// Keeps the button down there until it is released.
     void hold(QWidget& widget, QPoint place);
     void release(QWidget& widget, QPoint place);
