@@ -6,11 +6,17 @@
 #include "Platform/DBus/ProcessName.h"
 #include "Platform/Desktop/X11.h"
 
+#include <QCoreApplication>
+
+#include <utility>
 #include <xcb/xcb.h>
 
 namespace platform {
 
 namespace {
+
+/// Who owns the selection of that name is the tray.
+constexpr auto selection = "_NET_SYSTEM_TRAY_S0";
 
 /// How many bits a pixel of a visual has; 0 for a visual that the display does not have.
 int depthOf(quint32 visual) {
@@ -28,9 +34,44 @@ int depthOf(quint32 visual) {
 
 } // namespace
 
-SystemTray::SystemTray(QObject* parent) : QObject(parent), selection_("_NET_SYSTEM_TRAY_S0") {
-    connect(&selection_, &X11Selection::ownerChanged, this, &SystemTray::managerChanged);
-    connect(&selection_, &X11Selection::propertyChanged, this, &SystemTray::changed);
+SystemTray::SystemTray() {
+    if (!x11::connection())
+        return;
+    // A new manager announces itself to those who listen to the root window.
+    x11::listen(x11::rootWindow(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    QCoreApplication::instance()->installNativeEventFilter(this);
+    findManager();
+}
+
+SystemTray::~SystemTray() {
+    if (auto* const application = QCoreApplication::instance())
+        application->removeNativeEventFilter(this);
+}
+
+bool SystemTray::nativeEventFilter(const QByteArray&, void* event, qintptr*) {
+    const auto type = static_cast<const xcb_generic_event_t*>(event)->response_type & 0x7f;
+    const auto& message = *static_cast<const xcb_client_message_event_t*>(event);
+    const auto& end = *static_cast<const xcb_destroy_notify_event_t*>(event);
+    const auto& change = *static_cast<const xcb_property_notify_event_t*>(event);
+    const bool hasCome = type == XCB_CLIENT_MESSAGE && message.type == x11::atom("MANAGER") &&
+                         message.data.data32[1] == x11::atom(selection);
+    const bool hasGone = type == XCB_DESTROY_NOTIFY && manager_ && end.window == manager_;
+    // Whoever listens may well end windows, which is not for now, in the middle of an event.
+    if (hasCome || hasGone)
+        QMetaObject::invokeMethod(this, &SystemTray::findManager, Qt::QueuedConnection);
+    else if (type == XCB_PROPERTY_NOTIFY && manager_ && change.window == manager_)
+        QMetaObject::invokeMethod(this, &SystemTray::changed, Qt::QueuedConnection);
+    return false;
+}
+
+void SystemTray::findManager() {
+    quint32 manager = x11::selectionOwner(selection);
+    constexpr quint32 events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    // It may have gone since.
+    if (manager && !x11::listen(manager, events))
+        manager = 0;
+    if (std::exchange(manager_, manager) != manager)
+        Q_EMIT managerChanged();
 }
 
 QString SystemTray::process() const {

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "Platform/Desktop/X11Selection.h"
-
+#include <QAbstractNativeEventFilter>
 #include <QColor>
 #include <QObject>
 #include <QString>
@@ -15,14 +14,15 @@ namespace platform {
 
 /// The tray of a panel on the X display, into which programs may dock a window. Lives on the GUI
 /// thread; without an X display there never is one.
-class SystemTray final : public QObject {
+class SystemTray final : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
 public:
-    explicit SystemTray(QObject* parent = nullptr);
+    SystemTray();
+    ~SystemTray() override;
 
     /// The window to which requests go; 0 where there is no tray.
-    quint32 manager() const { return selection_.owner(); }
+    quint32 manager() const { return manager_; }
 
     /// The name of the panel's process; empty where it does not tell.
     QString process() const;
@@ -40,14 +40,18 @@ public:
     void dock(quint32 window) const;
 
 Q_SIGNALS:
-    /// The tray has come, gone, or been replaced by another.
+    /// The tray has come, gone, or been replaced by another. Emitted from the event loop, never
+    /// while an event of the display is being handled; so is the other.
     void managerChanged();
 
     /// It may tell something else of itself.
     void changed();
 
 private:
-    X11Selection selection_;
+    bool nativeEventFilter(const QByteArray& type, void* event, qintptr* result) override;
+    void findManager();
+
+    quint32 manager_ = 0;
 };
 
 } // namespace platform

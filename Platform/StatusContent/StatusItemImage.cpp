@@ -9,12 +9,6 @@ namespace platform {
 
 namespace {
 
-QImage transparentImage(int size) {
-    QImage image(size, size, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    return image;
-}
-
 /// The rendering that loses least when brought to `size`. There must be one.
 const QImage& bestSource(const std::vector<QImage>& renderings, int size) {
     // Those large enough come before those too small; among either, the nearest comes first.
@@ -27,12 +21,12 @@ const QImage& bestSource(const std::vector<QImage>& renderings, int size) {
 } // namespace
 
 QImage StatusItemImage::atSize(int size) const {
-    if (!isShown || renderings.empty())
-        return transparentImage(size);
-    const QImage& source = bestSource(renderings, size);
-    if (source.size() == QSize(size, size))
-        return source;
-    return source.scaled(size, size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (isShown && !renderings.empty())
+        return bestSource(renderings, size)
+            .scaled(size, size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage transparent(size, size, QImage::Format_ARGB32);
+    transparent.fill(Qt::transparent);
+    return transparent;
 }
 
 } // namespace platform
