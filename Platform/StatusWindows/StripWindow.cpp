@@ -184,10 +184,4 @@ void StripWindow::mouseReleaseEvent(QMouseEvent* event) {
         StatusItemView::mouseReleaseEvent(event);
 }
 
-void StripWindow::changeEvent(QEvent* event) {
-    StatusItemView::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        update();
-}
-
 } // namespace platform

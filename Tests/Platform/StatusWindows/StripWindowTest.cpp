@@ -82,19 +82,14 @@ TEST_F(StripWindows, LieAtTheirEdgeAndStayThereWhenTheTextGrows) {
     EXPECT_GT(strip_->width(), width);
     EXPECT_EQ(strip_->geometry().topRight(), room().topRight());
     EXPECT_EQ(strip_->frame(), strip_->geometry());
-    open({Edge::bottom, 0});
-    EXPECT_EQ(strip_->geometry().bottomLeft(), room().bottomLeft());
-    open({Edge::left, 0.5});
-    EXPECT_EQ(strip_->x(), room().x());
-    EXPECT_NEAR(strip_->geometry().center().y(), room().center().y(), 1);
-    open({Edge::right, 0});
-    EXPECT_EQ(strip_->geometry().topRight(), room().topRight());
+    strip_->hide();
+    EXPECT_EQ(strip_->frame(), std::nullopt);
 }
 
-TEST_F(StripWindows, AreNowhereUntilTheyHaveSomethingToShow) {
-    strip_ = std::make_unique<StripWindow>(identity_, events_, StripPosition());
-    EXPECT_FALSE(strip_->isVisible());
-    EXPECT_EQ(strip_->frame(), std::nullopt);
+TEST_F(StripWindows, AskTheWindowManagerForAPlaceAboveOthersWithoutTheKeyboard) {
+    open();
+    constexpr auto asked = Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+    EXPECT_EQ(strip_->windowFlags() & (asked | Qt::BypassWindowManagerHint), asked);
 }
 
 TEST_F(StripWindows, TellAClickFromADrag) {
