@@ -49,6 +49,14 @@ void DBusMenu::addMethods() {
     addMethod("GetGroupProperties", "aias", "a(ia{sv})", [this](Arguments arguments) {
         return groupProperties(qdbus_cast<QList<int>>(arguments[0]), arguments[1].toStringList());
     });
+    addMethod("GetProperty", "is", "v", [this](Arguments arguments) {
+        requireKnown(arguments[0].toInt());
+        const QVariantMap all = itemProperties(arguments[0].toInt(), {});
+        const auto found = all.find(arguments[1].toString());
+        if (found == all.end())
+            throw DBusCallError(QDBusError::InvalidArgs, "The menu item has no such property");
+        return QVariantList{QVariant::fromValue(QDBusVariant(*found))};
+    });
     addMethod("Event", "isvu", "", [this](Arguments arguments) {
         requireKnown(arguments[0].toInt());
         takeEvent(arguments[0].toInt(), arguments[1].toString());

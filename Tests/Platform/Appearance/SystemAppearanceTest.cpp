@@ -5,8 +5,8 @@
 
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Appearance/SystemFonts.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QApplication>

@@ -9,9 +9,9 @@
 #include "Platform/Async/TaskHandle.h"
 #include "Platform/Async/WorkerThread.h"
 #include "Platform/DBus/DBusCall.h"
-#include "Tests/Support/FakeNotificationService.h"
+#include "Tests/Support/Bus/FakeNotificationService.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QCoreApplication>

@@ -4,8 +4,8 @@
 #include "Platform/DBus/DBusCall.h"
 
 #include "Platform/DBus/ServiceError.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/RunTask.h"
 
 #include <QDBusVirtualObject>

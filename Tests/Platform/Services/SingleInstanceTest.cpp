@@ -3,9 +3,9 @@
 
 #include "Platform/Services/SingleInstance.h"
 
-#include "Tests/Support/BusPeer.h"
+#include "Tests/Support/Bus/BusPeer.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 
 #include <QDir>
 #include <QFile>

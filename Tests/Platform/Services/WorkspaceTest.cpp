@@ -4,9 +4,9 @@
 #include "Platform/Services/Workspace.h"
 
 #include "Platform/Foundation/FileManager.h"
-#include "Tests/Support/FakeLoginManager.h"
+#include "Tests/Support/Bus/FakeLoginManager.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QFile>

@@ -4,10 +4,10 @@
 #pragma once
 
 #include "Platform/StatusBar/StatusItem.h"
-#include "Tests/Support/BusPeer.h"
-#include "Tests/Support/FakeStatusNotifierWatcher.h"
+#include "Tests/Support/Bus/BusPeer.h"
+#include "Tests/Support/Bus/FakeStatusNotifierWatcher.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 
 #include <QTemporaryDir>
 

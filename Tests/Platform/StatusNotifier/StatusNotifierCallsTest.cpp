@@ -99,6 +99,8 @@ TEST_F(StatusNotifierCalls, HostileOnesGetAnErrorReply) {
                   {"GetLayout", {99, -1, QStringList()}, "InvalidArgs"},
                   {"Event", {2147483647, clicked, variant, 0U}, "InvalidArgs"},
                   {"EventGroup", {QStringList()}, "InvalidArgs"},
+                  {"GetProperty", {0, text}, "InvalidArgs"},
+                  {"GetProperty", {-1, text}, "InvalidArgs"},
                   {"AboutToShow", {-2147483647 - 1}, "InvalidArgs"}});
     expectErrors(itemPath, "org.example.Other", {{"Activate", {1, 2}, "UnknownInterface"}});
     expectErrors(itemPath, menuInterface, {{"AboutToShow", {0}, "UnknownInterface"}});

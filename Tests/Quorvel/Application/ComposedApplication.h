@@ -5,12 +5,12 @@
 
 #include "Quorvel/Shell/AppDelegate.h"
 #include "Tests/Quorvel/Application/WindowUser.h"
-#include "Tests/Support/BusPeer.h"
-#include "Tests/Support/FakeLoginManager.h"
-#include "Tests/Support/FakeNotificationService.h"
-#include "Tests/Support/FakeStatusNotifierWatcher.h"
+#include "Tests/Support/Bus/BusPeer.h"
+#include "Tests/Support/Bus/FakeLoginManager.h"
+#include "Tests/Support/Bus/FakeNotificationService.h"
+#include "Tests/Support/Bus/FakeStatusNotifierWatcher.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/ScriptedProvider.h"
 
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
+#include "Tests/Quorvel/Application/VirtualDisplay.h"
 #include "Tests/Support/RunTests.h"
-#include "Tests/Support/VirtualDisplay.h"
 
 #include <QApplication>
 

@@ -5,9 +5,9 @@
 
 #include "Platform/DBus/ServiceError.h"
 #include "Platform/Services/UserNotificationCenter.h"
-#include "Tests/Support/FakeNotificationService.h"
+#include "Tests/Support/Bus/FakeNotificationService.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
-#include "Tests/Support/PrivateBus.h"
 #include "Tests/Support/RunTask.h"
 
 #include <QDBusArgument>

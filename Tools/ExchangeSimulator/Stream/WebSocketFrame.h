@@ -34,7 +34,6 @@ struct WebSocketFrame {
     bool final = true;
     Opcode opcode = Opcode::text;
     QByteArray payload;
-
 };
 
 /// The wire bytes of a message cut into `fragments` frames (at least 1) of about equal size, as a

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Tests/Support/FakeStatusNotifierWatcher.h"
+#include "Tests/Support/Bus/FakeStatusNotifierWatcher.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>

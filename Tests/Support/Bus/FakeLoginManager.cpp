@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Tests/Support/FakeLoginManager.h"
+#include "Tests/Support/Bus/FakeLoginManager.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusUnixFileDescriptor>

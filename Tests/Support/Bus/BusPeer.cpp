@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Tests/Support/BusPeer.h"
+#include "Tests/Support/Bus/BusPeer.h"
 
 #include "Tests/Support/ManualClock.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Tests/Support/PrivateBus.h"
+#include "Tests/Support/Bus/PrivateBus.h"
 
 #include <QDBusError>
 #include <QFile>
