@@ -6,6 +6,7 @@
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Foundation/StringTable.h"
 #include "Quorvel/Model/PriceColors.h"
+#include "QuorvelKit/MarketModel/DisplayName.h"
 
 #include <QStyleOptionMenuItem>
 
@@ -46,7 +47,7 @@ RowMenu::RowMenu(const Symbol& symbol, std::size_t index, AppModel& model,
         onOpenSettings();
     });
     addSeparator();
-    remove_ = add(localized("Quorvel", "Remove %1").arg(QString::fromStdString(symbol.base)),
+    remove_ = add(localized("Quorvel", "Remove %1").arg(displayName(symbol, watchlist.symbols())),
                   [&model, symbol] { model.removeSymbol(symbol); });
 }
 

@@ -10,6 +10,7 @@
 #include "Platform/Controls/Label.h"
 #include "Platform/Foundation/StringTable.h"
 #include "QuorvelKit/MarketData/SymbolSearch.h"
+#include "QuorvelKit/MarketModel/DisplayName.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -75,13 +76,13 @@ SearchResults::Result SearchResults::makeResult(std::size_t index) {
     return {button, reason, {}};
 }
 
-void SearchResults::show(Result& result, const Symbol& symbol) {
+void SearchResults::show(Result& result, const Symbol& symbol, std::span<const Symbol> matches) {
     result.symbol = symbol;
-    const QString base = QString::fromStdString(symbol.base);
+    const QString name = displayName(symbol, matches);
     const bool isStorable = symbol.isStorable();
-    result.button->setText(QString(base).replace(u'&', QStringLiteral("&&")));
+    result.button->setText(QString(name).replace(u'&', QStringLiteral("&&")));
     result.button->setEnabled(isStorable);
-    result.button->setAccessibleName(localized("Quorvel", "Add %1").arg(base));
+    result.button->setAccessibleName(localized("Quorvel", "Add %1").arg(name));
     result.button->setAccessibleDescription(isStorable ? QString() : result.reason->text());
     result.button->setToolTip(result.button->accessibleDescription());
     result.reason->setVisible(!isStorable);
@@ -98,7 +99,7 @@ void SearchResults::refresh() {
         button.setVisible(i < matches.size());
         if (i >= matches.size())
             continue;
-        show(results_[i], matches[i]);
+        show(results_[i], matches[i], matches);
         // What Enter in the search field presses.
         button.setDefault(!hasDefault && button.isEnabled());
         hasDefault |= button.isEnabled();

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 class QLabel;
@@ -38,14 +39,14 @@ Q_SIGNALS:
 
 private:
     struct Result {
-        QPushButton* button;
-        QLabel* reason; ///< why it is disabled
+        QPushButton* button = nullptr;
+        QLabel* reason = nullptr; ///< why it is disabled
         Symbol symbol;
     };
 
     void refresh();
     Result makeResult(std::size_t index);
-    static void show(Result& result, const Symbol& symbol);
+    static void show(Result& result, const Symbol& symbol, std::span<const Symbol> matches);
 
     AppModel& model_;
     QVBoxLayout* list_;

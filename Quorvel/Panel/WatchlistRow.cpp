@@ -12,6 +12,7 @@
 #include "Quorvel/Model/PriceColors.h"
 #include "Quorvel/Panel/FittedText.h"
 #include "Quorvel/Panel/RowMenu.h"
+#include "QuorvelKit/MarketModel/DisplayName.h"
 #include "QuorvelKit/MarketModel/PriceFormatter.h"
 #include "QuorvelKit/StatusBar/StatusBarPresenter.h"
 
@@ -70,9 +71,7 @@ WatchlistRow::WatchlistRow(Symbol symbol, AppModel& model, std::function<void()>
       onOpenSettings_(std::move(onOpenSettings)),
       sparkline_(new SparklineView(symbol_, model, this)),
       removeButton_(new QPushButton(this)) {
-    const QString base = QString::fromStdString(symbol_.base);
-    setObjectName(base);
-    removeButton_->setAccessibleName(localized("Quorvel", "Remove %1").arg(base));
+    setObjectName(QString::fromStdString(symbol_.base));
     removeButton_->setFlat(true);
     removeButton_->setIconSize({removeSymbolSize, removeSymbolSize});
     removeButton_->resize(removeSide, removeSide);
@@ -81,6 +80,11 @@ WatchlistRow::WatchlistRow(Symbol symbol, AppModel& model, std::function<void()>
             [this] { model_.removeSymbol(symbol_); });
     setFocusPolicy(Qt::StrongFocus);
     removeButton_->setFocusPolicy(Qt::TabFocus);
+}
+
+void WatchlistRow::refreshName(std::span<const Symbol> inSight) {
+    removeButton_->setAccessibleName(
+        localized("Quorvel", "Remove %1").arg(displayName(symbol_, inSight)));
 }
 
 void WatchlistRow::setLifted(bool isLifted) {

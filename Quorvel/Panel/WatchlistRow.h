@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <span>
 
 class QPushButton;
 
@@ -33,6 +34,9 @@ public:
     /// The row's place in the watchlist.
     std::size_t index() const { return index_; }
     void setIndex(std::size_t index) { index_ = index; }
+
+    /// Names the pair as it is told apart from those in sight. To be called before the row is seen.
+    void refreshName(std::span<const Symbol> inSight);
 
     /// Whether the row is being dragged, above the others.
     void setLifted(bool isLifted);

@@ -61,8 +61,10 @@ void WatchlistRows::sync() {
     const bool hasGrown = rows.size() > rows_.size() && !rows_.empty();
     std::swap(rows_, rows);
     rowsBySymbol_.clear();
+    const auto symbols = model_.watchlist().symbols();
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         rows_[i]->setIndex(i);
+        rows_[i]->refreshName(symbols);
         rowsBySymbol_.emplace(rows_[i]->symbol(), rows_[i]);
     }
     resize(width(), sizeHint().height());

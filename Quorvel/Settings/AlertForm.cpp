@@ -10,6 +10,7 @@
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormCard.h"
 #include "Quorvel/Settings/FormFonts.h"
+#include "QuorvelKit/MarketModel/DisplayName.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -117,7 +118,7 @@ void AlertForm::listCoins() {
         coin_->clear();
         coin_->addItem(localized("Quorvel", "Choose…"));
         for (const Symbol& coin : coins_)
-            coin_->addItem(QString::fromStdString(coin.base));
+            coin_->addItem(displayName(coin, coins_));
         select(selected);
     }
     refresh();

@@ -34,10 +34,6 @@ QString state(const AlertRule& rule) {
     return {};
 }
 
-QString wording(const AlertRule& rule) {
-    return QString::fromStdString(rule.symbol.base) + u' ' + rule.condition.description();
-}
-
 /// The closest widget before `widget` that the keyboard reaches.
 QWidget* stopBefore(QWidget& widget) {
     QWidget* before = widget.previousInFocusChain();
@@ -48,7 +44,8 @@ QWidget* stopBefore(QWidget& widget) {
 
 } // namespace
 
-AlertRow::AlertRow(AlertStore& alerts, const AlertRule& rule, QWidget* parent)
+AlertRow::AlertRow(AlertStore& alerts, const AlertRule& rule, std::span<const Symbol> inSight,
+                   QWidget* parent)
     : QWidget(parent),
       id_(rule.id),
       control_(new QCheckBox(this)),
@@ -61,7 +58,7 @@ AlertRow::AlertRow(AlertStore& alerts, const AlertRule& rule, QWidget* parent)
     remove_->setIconSize({trashSize, trashSize});
     remove_->setToolTip(localized("Quorvel", "Delete"));
     layOut();
-    show(rule);
+    show(rule, inSight);
     connect(control_, &QCheckBox::toggled, this,
             [this, &alerts](bool isOn) { alerts.setEnabled(isOn, id_); });
     connect(remove_, &QPushButton::clicked, this, [this, &alerts] { alerts.remove(id_); });
@@ -84,8 +81,8 @@ void AlertRow::layOut() {
     line->addWidget(remove_);
 }
 
-void AlertRow::show(const AlertRule& rule) {
-    const QString text = wording(rule);
+void AlertRow::show(const AlertRule& rule, std::span<const Symbol> inSight) {
+    const QString text = rule.title(inSight);
     control_->setChecked(rule.isEnabled);
     control_->setAccessibleName(text);
     control_->setAccessibleDescription(state(rule));

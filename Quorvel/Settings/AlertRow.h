@@ -8,6 +8,8 @@
 
 #include <QWidget>
 
+#include <span>
+
 class QCheckBox;
 class QPushButton;
 
@@ -20,13 +22,15 @@ class AlertRow final : public QWidget {
 public:
     static constexpr int preferredHeight = 48;
 
-    /// @param alerts has the rule, and must outlive the row
-    AlertRow(AlertStore& alerts, const AlertRule& rule, QWidget* parent = nullptr);
+    /// @param alerts  has the rule, and must outlive the row
+    /// @param inSight the pairs that the rule's must be told apart from
+    AlertRow(AlertStore& alerts, const AlertRule& rule, std::span<const Symbol> inSight,
+             QWidget* parent = nullptr);
 
     const QUuid& id() const { return id_; }
 
     /// Shows what the rule is like now.
-    void show(const AlertRule& rule);
+    void show(const AlertRule& rule, std::span<const Symbol> inSight);
 
     /// Has the keyboard come to the row right before `next`.
     void putInFocusOrder(QWidget& next);

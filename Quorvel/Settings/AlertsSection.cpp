@@ -21,10 +21,10 @@ constexpr int emptyTextInset = 14;
 AlertsSection::AlertsSection(AppModel& model, QWidget* parent)
     : FormSection(localized("Quorvel", "Alerts"), parent),
       model_(model),
+      permission_(addNotice(Label::Tone::warning)),
+      deliveryError_(addNotice(Label::Tone::error)),
+      persistError_(addNotice(Label::Tone::error)),
       form_(new AlertForm(model)) {
-    permission_ = addNotice(Label::Tone::warning);
-    deliveryError_ = addNotice(Label::Tone::error);
-    persistError_ = addNotice(Label::Tone::error);
     addEmptyText();
     card().addRow(form_);
     followModel();
@@ -59,6 +59,7 @@ void AlertsSection::followModel() {
     connect(&model_.alerts(), &AlertStore::lastPersistErrorChanged, this,
             &AlertsSection::refreshMessages);
     connect(&model_.alerts(), &AlertStore::rulesChanged, this, &AlertsSection::refreshRows);
+    connect(&model_.watchlist(), &WatchlistStore::itemsChanged, this, &AlertsSection::refreshRows);
     connect(&model_, &AppModel::pendingAlertSymbolChanged, this, &AlertsSection::takePendingSymbol);
 }
 
@@ -76,6 +77,7 @@ void AlertsSection::refreshMessages() {
 
 void AlertsSection::refreshRows() {
     const auto& rules = model_.alerts().rules();
+    const auto inSight = model_.watchlist().symbols();
     const auto drop = [this](auto row) {
         // Its own button may be what deleted it.
         (*row)->hide();
@@ -88,9 +90,9 @@ void AlertsSection::refreshRows() {
         while (row != rows_.end() && (*row)->id() != rule.id)
             row = drop(row);
         if (row == rows_.end())
-            row = rows_.insert(row, makeRow(rule));
+            row = rows_.insert(row, makeRow(rule, inSight));
         else
-            (*row)->show(rule);
+            (*row)->show(rule, inSight);
         ++row;
     }
     while (row != rows_.end())
@@ -98,8 +100,8 @@ void AlertsSection::refreshRows() {
     emptyText_->setVisible(rules.empty());
 }
 
-AlertRow* AlertsSection::makeRow(const AlertRule& rule) {
-    auto* const row = new AlertRow(model_.alerts(), rule);
+AlertRow* AlertsSection::makeRow(const AlertRule& rule, std::span<const Symbol> inSight) {
+    auto* const row = new AlertRow(model_.alerts(), rule, inSight);
     card().insertRow(row, form_);
     row->putInFocusOrder(form_->firstControl());
     return row;

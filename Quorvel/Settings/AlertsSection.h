@@ -9,6 +9,7 @@
 #include "Quorvel/Settings/FormSection.h"
 #include "Quorvel/Settings/Notice.h"
 
+#include <span>
 #include <vector>
 
 namespace quorvel {
@@ -31,13 +32,13 @@ private:
     void followModel();
     void refreshMessages();
     void refreshRows();
-    AlertRow* makeRow(const AlertRule& rule);
+    AlertRow* makeRow(const AlertRule& rule, std::span<const Symbol> inSight);
     void takePendingSymbol();
 
     AppModel& model_;
-    Notice* permission_ = nullptr;
-    Notice* deliveryError_ = nullptr;
-    Notice* persistError_ = nullptr;
+    Notice* permission_;
+    Notice* deliveryError_;
+    Notice* persistError_;
     QWidget* emptyText_ = nullptr;
     std::vector<AlertRow*> rows_;
     AlertForm* form_;

@@ -26,7 +26,7 @@ FormSection::FormSection(const QString& title, QWidget* parent) : QWidget(parent
     header->setText(title);
     header->setFont(platform::systemFont(titleSize, QFont::DemiBold));
     header->setContentsMargins(FormCard::inset, 0, FormCard::inset, 0);
-    card_ = new FormCard(this);
+    card_ = new FormCard(this); // NOLINT(cppcoreguidelines-prefer-member-initializer): read last
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(titleSpacing);

@@ -35,6 +35,8 @@ class AppDelegate : public QObject {
     Q_OBJECT
 
 public:
+    using ProviderFactory = std::function<std::unique_ptr<MarketDataProvider>()>;
+
     /// Where the program runs. What is referred to outlives the delegate.
     struct Environment {
         platform::Clock& clock;
@@ -46,7 +48,7 @@ public:
         QDBusConnection systemBus = QDBusConnection::systemBus();
         /// Where prices come from. Absent: the live exchange, at the addresses that the preferences
         /// name.
-        std::function<std::unique_ptr<MarketDataProvider>()> makeProvider = {};
+        ProviderFactory makeProvider = {}; // NOLINT(readability-redundant-member-init): optional
     };
 
     explicit AppDelegate(const Environment& environment);

@@ -221,8 +221,8 @@ TEST_F(ControlLooks, DrawLinesTicksAndTheChosenEntryOfMenus) {
     menu.ensurePolished();
     menu.resize(menu.sizeHint());
     const QImage image = menu.grab().toImage();
-    const auto darkest = [&](const QAction* action, int from, int to) {
-        const QRect row = menu.actionGeometry(const_cast<QAction*>(action));
+    const auto darkest = [&](QAction* action, int from, int to) {
+        const QRect row = menu.actionGeometry(action);
         int darkest = 255;
         for (int x = row.left() + from; x < row.left() + to; ++x) {
             for (int y = row.top(); y <= row.bottom(); ++y)
