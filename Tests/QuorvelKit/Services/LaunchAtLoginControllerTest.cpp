@@ -54,6 +54,13 @@ TEST_F(LaunchAtLogin, TellsOfAFailureUntilAChangeSucceeds) {
     controller_.setEnabled(false);
     EXPECT_EQ(system_.changes, 1) << "it is off";
     EXPECT_TRUE(controller_.lastErrorMessage());
+    system_.failure = QStringLiteral("Read-only file system");
+    controller_.setEnabled(true);
+    EXPECT_FALSE(controller_.isEnabled());
+    EXPECT_EQ(controller_.lastErrorMessage(),
+              QStringLiteral("Couldn't change launch at login: Read-only file system"));
+    EXPECT_EQ(system_.changes, 2);
+    EXPECT_EQ(messageSpy_.count(), 2);
     EXPECT_EQ(enabledSpy_.count(), 0);
     system_.failure.reset();
     controller_.setEnabled(true);
@@ -61,7 +68,7 @@ TEST_F(LaunchAtLogin, TellsOfAFailureUntilAChangeSucceeds) {
     EXPECT_TRUE(system_.isEnabled);
     EXPECT_EQ(controller_.lastErrorMessage(), std::nullopt);
     EXPECT_EQ(enabledSpy_.count(), 1);
-    EXPECT_EQ(messageSpy_.count(), 2);
+    EXPECT_EQ(messageSpy_.count(), 3);
 }
 
 TEST_F(LaunchAtLogin, ShowsAfterAFailureHowItReallyIs) {

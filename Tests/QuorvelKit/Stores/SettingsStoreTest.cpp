@@ -3,6 +3,7 @@
 
 #include "QuorvelKit/Stores/SettingsStore.h"
 
+#include "Platform/Foundation/FileManager.h"
 #include "Tests/Support/Cases.h"
 
 #include <QSignalSpy>
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 using namespace quorvel;
@@ -19,8 +21,17 @@ namespace {
 
 class Settings : public testing::Test {
 protected:
+    /// The values in the file, sorted; what is only in memory is not there.
+    QByteArray onDisk() const {
+        QByteArrayList lines = platform::FileManager::contents(path_).value_or("").split('\n');
+        lines.removeIf([](const QByteArray& line) { return !line.contains('='); });
+        std::ranges::sort(lines);
+        return lines.join(' ');
+    }
+
     QTemporaryDir directory_;
-    platform::UserDefaults defaults_{directory_.filePath(QStringLiteral("Quorvel.conf"))};
+    QString path_ = directory_.filePath(QStringLiteral("Quorvel.conf"));
+    platform::UserDefaults defaults_{path_};
 };
 
 auto interval(double seconds) {
@@ -103,7 +114,10 @@ TEST_F(Settings, WriteEveryAssignmentAndTellOfChanges) {
     QSignalSpy spy(&store, &SettingsStore::displayChanged);
     store.setDisplay(store.display());
     EXPECT_EQ(spy.count(), 0);
-    EXPECT_EQ(defaults_.string(QStringLiteral("display.mode")), QStringLiteral("rotating"));
+    EXPECT_EQ(onDisk(), "display.chartPeriod=day display.colorScheme=redUpGreenDown "
+                        "display.content=both display.mode=rotating display.rotationInterval=5 "
+                        "display.showsDirectionArrow=true display.showsIcon=true "
+                        "display.sideBySideLimit=3");
     const DisplaySettings changed(StatusBarDisplayMode::sideBySide, StatusBarContent::priceOnly,
                                   PriceColorScheme::greenUpRedDown, TimeInterval(7.5), 4,
                                   ChartPeriod::week, false, false);
