@@ -95,6 +95,18 @@ TEST_F(AlertPath, FiresOnceForWhatHappenedWhileTheMachineSlept) {
     EXPECT_THAT(provider_->calls, IsEmpty());
 }
 
+TEST_F(AlertPath, StoresThatARuleFiredBeforeAnybodyIsTold) {
+    make();
+    addRule(100);
+    model_->handleQuote(quote(99));
+    model_->handleQuote(quote(101));
+    EXPECT_THAT(stored(QStringLiteral("alerts.json")).toStdString(),
+                testing::HasSubstr("lastTriggeredAt"));
+    EXPECT_THAT(delivering_->calls, IsEmpty());
+    test::drainEvents();
+    EXPECT_EQ(delivering_->calls.size(), 2u);
+}
+
 TEST_F(AlertPath, FinishesDeliveriesBeforeItTearsAnythingDown) {
     make();
     addRule(100);

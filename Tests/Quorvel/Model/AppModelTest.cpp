@@ -197,17 +197,3 @@ TEST_F(Model, KeepsTheWatchlistInTheTemporaryDirectoryWhereItsPlaceCannotBeHad) 
         EXPECT_TRUE(QFile::remove(blocked));
     }
 }
-
-TEST_F(Model, StartsEmptyAndStoresAnewWhereTheWatchlistCannotBeRead) {
-    // Nobody can read a directory as a file, root included.
-    const QString inTheWay = directory_.filePath(QStringLiteral("share/Quorvel/watchlist.json"));
-    platform::FileManager::createDirectory(inTheWay);
-    makeFromFiles();
-    EXPECT_TRUE(model_->watchlist().items().empty());
-    EXPECT_FALSE(model_->watchlist().isLoadComplete());
-    model_->watchlist().add(btc);
-    EXPECT_EQ(model_->watchlist().lastPersistError(), std::nullopt);
-    EXPECT_TRUE(QFileInfo(inTheWay + QStringLiteral(".damaged")).isDir());
-    makeFromFiles();
-    EXPECT_THAT(model_->watchlist().symbols(), ElementsAre(btc));
-}

@@ -76,12 +76,4 @@ TEST(PriceColorScheme, ColoursOnlyMoves) {
     EXPECT_EQ(color(greenUpRedDown, PriceDirection::flat), std::nullopt);
 }
 
-TEST(Labels, NameTheChoices) {
-    EXPECT_EQ(label(AppLanguage::simplifiedChinese), QString::fromUtf8("简体中文"));
-    EXPECT_EQ(label(AppLanguage::system), QStringLiteral("Follow system"));
-    EXPECT_EQ(label(AppearanceMode::system), QStringLiteral("Follow system"));
-    EXPECT_EQ(label(AppearanceMode::dark), QStringLiteral("Dark"));
-    EXPECT_EQ(label(ChartPeriod::day), QStringLiteral("24 hours"));
-}
-
 } // namespace
