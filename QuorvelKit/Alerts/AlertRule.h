@@ -26,7 +26,7 @@ namespace quorvel {
 struct AlertRule {
     /// What is compared with which threshold.
     struct Condition {
-        AlertConditionKind kind;
+        AlertConditionKind kind = AlertConditionKind::priceRisesAbove;
         /// As the user typed it, a price in the pair's quote asset or a percentage by the kind. A
         /// loss is negative.
         Decimal threshold;
@@ -78,7 +78,7 @@ struct AlertRule {
     Symbol symbol;
     Condition condition;
     RepeatMode repeatMode;
-    bool isEnabled; ///< a rule that is not never fires
+    bool isEnabled = true; ///< a rule that is not never fires
     /// When the rule last fired; absent where it never did, or was armed anew.
     std::optional<platform::Date> lastTriggeredAt;
 

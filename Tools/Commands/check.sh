@@ -78,7 +78,7 @@ step_tidy_change() {
 step_asan() {
     requirePackages build test sanitizers
     buildPreset asan
-    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1 \
+    ASAN_OPTIONS="suppressions=$PWD/cmake/asan.supp:detect_stack_use_after_return=1:strict_string_checks=1" \
         UBSAN_OPTIONS=print_stacktrace=1 \
         LSAN_OPTIONS="suppressions=$PWD/cmake/lsan.supp:print_suppressions=0" \
         ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-19 \

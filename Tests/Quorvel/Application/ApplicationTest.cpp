@@ -16,7 +16,6 @@ using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Not;
 using testing::StartsWith;
 
 namespace {
