@@ -45,6 +45,11 @@ SettingsWindow::SettingsWindow(AppModel& model, QWidget* parent) : QWidget(paren
             [this](QWidget*, QWidget* focus) { followFocus(focus); });
 }
 
+SettingsWindow::~SettingsWindow() {
+    // A window that goes while it is shown loses the focus last of all.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void SettingsWindow::makeScrollArea(QWidget* form) {
     scrollArea_ = new QScrollArea(this);
     scrollArea_->setFrameShape(QFrame::NoFrame);

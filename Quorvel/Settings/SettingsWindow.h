@@ -25,6 +25,9 @@ public:
 
     /// @param model must outlive the window
     explicit SettingsWindow(AppModel& model, QWidget* parent = nullptr);
+    SettingsWindow(const SettingsWindow&) = delete;
+    SettingsWindow& operator=(const SettingsWindow&) = delete;
+    ~SettingsWindow() override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
