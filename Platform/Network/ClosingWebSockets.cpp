@@ -3,7 +3,6 @@
 
 #include "Platform/Network/ClosingWebSockets.h"
 
-#include <QTimer>
 #include <QWebSocket>
 
 #include <chrono>
@@ -12,7 +11,8 @@ namespace platform {
 
 using namespace std::chrono_literals;
 
-ClosingWebSockets::ClosingWebSockets() : context_(std::make_unique<QObject>()) {}
+ClosingWebSockets::ClosingWebSockets(Clock& clock)
+    : clock_(clock), context_(std::make_unique<QObject>()) {}
 
 ClosingWebSockets::~ClosingWebSockets() {
     context_.reset();
@@ -20,9 +20,9 @@ ClosingWebSockets::~ClosingWebSockets() {
 
 void ClosingWebSockets::close(std::unique_ptr<QWebSocket> socket, std::uint16_t closeCode) {
     QWebSocket* const key = socket.get();
-    sockets_.emplace(key, std::move(socket));
+    sockets_.emplace(key, Closing{.socket = std::move(socket),
+                                  .deadline = clock_.startTimer(2s, [key] { key->abort(); })});
     QObject::connect(key, &QWebSocket::disconnected, context_.get(), [this, key] { forget(key); });
-    QTimer::singleShot(2s, key, [key] { key->abort(); });
     key->close(static_cast<QWebSocketProtocol::CloseCode>(closeCode));
 }
 
@@ -30,8 +30,10 @@ void ClosingWebSockets::forget(QWebSocket* socket) {
     const auto found = sockets_.find(socket);
     if (found == sockets_.end())
         return;
-    discard(std::move(found->second));
+    discard(std::move(found->second.socket));
     sockets_.erase(found);
+    if (sockets_.empty())
+        Q_EMIT emptied();
 }
 
 void ClosingWebSockets::discard(std::unique_ptr<QWebSocket> socket) {

@@ -3,7 +3,7 @@
 
 #include "Platform/Network/URLSession.h"
 
-#include "Platform/Async/SleepFor.h"
+#include "Platform/Async/SignalAwaiter.h"
 #include "Platform/Network/URLTransfer.h"
 
 #include <QNetworkAccessManager>
@@ -13,7 +13,7 @@
 namespace platform {
 
 URLSession::URLSession(Clock& clock)
-    : clock_(clock), manager_(std::make_unique<QNetworkAccessManager>()) {
+    : clock_(clock), manager_(std::make_unique<QNetworkAccessManager>()), closing_(clock) {
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     manager_->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
 }
@@ -32,10 +32,9 @@ std::shared_ptr<URLSessionWebSocketTask> URLSession::webSocketTask(const QUrl& u
     return std::make_shared<URLSessionWebSocketTask>(url, clock_, closing_);
 }
 
-Task<> URLSession::finishClosing(TimeInterval limit) {
-    constexpr TimeInterval step{0.01};
-    for (TimeInterval waited{0}; !closing_.isEmpty() && waited < limit; waited += step)
-        co_await sleepFor(clock_, step);
+Task<> URLSession::finishClosing(std::chrono::milliseconds limit) {
+    if (!closing_.isEmpty())
+        co_await SignalAwaiter(closing_, &ClosingWebSockets::emptied, clock_, limit);
 }
 
 } // namespace platform

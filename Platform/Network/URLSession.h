@@ -54,7 +54,7 @@ public:
 
     /// Waits until the WebSocket connections that were cancelled have said goodbye and are gone, or
     /// `limit` has passed.
-    Task<> finishClosing(TimeInterval limit);
+    Task<> finishClosing(std::chrono::milliseconds limit);
 
 private:
     Clock& clock_;

@@ -14,7 +14,7 @@ namespace quorvel {
 using platform::Task;
 
 Task<> BinanceProvider::Clients::stop() {
-    constexpr platform::TimeInterval longestGoodbye{1.0};
+    constexpr std::chrono::seconds longestGoodbye{1};
     co_await webSocket->stop();
     co_await session->finishClosing(longestGoodbye);
 }

@@ -5,6 +5,7 @@
 
 #include "Platform/Async/AsyncStream.h"
 #include "Platform/Async/Mailbox.h"
+#include "Platform/Async/SignalAwaiter.h"
 #include "Platform/Async/SleepFor.h"
 #include "Platform/Async/TaskHandle.h"
 #include "Platform/Async/WorkerThread.h"
@@ -12,8 +13,10 @@
 #include "Tests/Support/Bus/FakeNotificationService.h"
 #include "Tests/Support/Bus/PrivateBus.h"
 #include "Tests/Support/ManualClock.h"
+#include "Tests/Support/RunTask.h"
 #include "Tests/Support/WaitUntil.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QPromise>
 
@@ -127,6 +130,20 @@ private:
     WorkerThread thread_{QStringLiteral("remote")};
     Mailbox<Remote> mailbox_{thread_.thread(),
                              [this] { return std::make_unique<Remote>(std::move(stream_.first)); }};
+};
+
+class SignalSubject final : public Subject {
+public:
+    Task<> wait() override {
+        const auto emission = std::move(emission_);
+        EXPECT_EQ(std::get<0>((co_await *emission).value()), 7);
+    }
+    void complete() override { Q_EMIT sender_.bytesWritten(7); }
+
+private:
+    QBuffer sender_;
+    std::unique_ptr<SignalAwaiter<qint64>> emission_ =
+        std::make_unique<SignalAwaiter<qint64>>(sender_, &QIODevice::bytesWritten);
 };
 
 class DBusCallSubject final : public Subject {
@@ -277,6 +294,7 @@ const Kind stream = kind<StreamSubject>("Stream");
 const Kind childTask = kind<ChildTaskSubject>("ChildTask");
 const Kind taskEnd = kind<TaskEndSubject>("TaskEnd");
 const Kind mailboxCall = kind<MailboxSubject>("MailboxCall");
+const Kind signalEmission = kind<SignalSubject>("Signal");
 const Kind dbusCall = kind<DBusCallSubject>("DBusCall");
 
 std::string nameOf(const testing::TestParamInfo<Kind>& info) {
@@ -285,11 +303,37 @@ std::string nameOf(const testing::TestParamInfo<Kind>& info) {
 
 INSTANTIATE_TEST_SUITE_P(Each, Awaitable,
                          testing::Values(sleeping, future, stream, childTask, taskEnd, mailboxCall,
-                                         dbusCall),
+                                         signalEmission, dbusCall),
                          nameOf);
 INSTANTIATE_TEST_SUITE_P(Each, ReadyAwaitable,
-                         testing::Values(future, stream, childTask, taskEnd, dbusCall), nameOf);
+                         testing::Values(future, stream, childTask, taskEnd, signalEmission,
+                                         dbusCall),
+                         nameOf);
 INSTANTIATE_TEST_SUITE_P(Each, FailingAwaitable,
-                         testing::Values(future, childTask, mailboxCall, dbusCall), nameOf);
+                         testing::Values(future, childTask, mailboxCall, dbusCall),
+                         nameOf);
+
+TEST(SignalAwaiter, GivesNothingWhereTheSenderGoesOrTheTimeIsUp) {
+    const auto wait = [](std::unique_ptr<SignalAwaiter<qint64>> emission) -> Task<bool> {
+        co_return (co_await *emission).has_value();
+    };
+    auto sender = std::make_unique<QBuffer>();
+    test::Running<bool> orphaned(
+        wait(std::make_unique<SignalAwaiter<qint64>>(*sender, &QIODevice::bytesWritten)));
+    test::drainEvents();
+    EXPECT_TRUE(orphaned.isRunning());
+    sender.reset();
+    EXPECT_FALSE(orphaned.result());
+
+    test::ManualClock clock;
+    QBuffer silent;
+    test::Running<bool> late(
+        wait(std::make_unique<SignalAwaiter<qint64>>(silent, &QIODevice::bytesWritten, clock, 2s)));
+    test::drainEvents();
+    clock.advance(1999ms);
+    EXPECT_TRUE(late.isRunning());
+    clock.advance(1ms);
+    EXPECT_FALSE(late.result());
+}
 
 } // namespace

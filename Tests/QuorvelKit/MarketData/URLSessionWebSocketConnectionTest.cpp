@@ -118,7 +118,7 @@ TEST_F(Connection, ClosesAsOneThatGoesAwayAndFailsAPendingReceive) {
     drainEvents();
     runTask(connection_.close());
     EXPECT_THROW(receiving.result(), URLError);
-    runTask(session_.finishClosing(platform::TimeInterval(2)));
+    runTask(session_.finishClosing(2s));
     EXPECT_EQ(simulator_.closeCode(), 1001);
 }
 
