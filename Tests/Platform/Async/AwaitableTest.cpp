@@ -310,8 +310,7 @@ INSTANTIATE_TEST_SUITE_P(Each, ReadyAwaitable,
                                          dbusCall),
                          nameOf);
 INSTANTIATE_TEST_SUITE_P(Each, FailingAwaitable,
-                         testing::Values(future, childTask, mailboxCall, dbusCall),
-                         nameOf);
+                         testing::Values(future, childTask, mailboxCall, dbusCall), nameOf);
 
 TEST(SignalAwaiter, GivesNothingWhereTheSenderGoesOrTheTimeIsUp) {
     const auto wait = [](std::unique_ptr<SignalAwaiter<qint64>> emission) -> Task<bool> {
