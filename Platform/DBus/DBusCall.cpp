@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace platform {
 
@@ -54,43 +53,26 @@ ServiceError errorOf(const QDBusMessage& answer) {
 
 } // namespace
 
+QDBusMessage callOfBus(const QString& method) {
+    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                          QStringLiteral("/org/freedesktop/DBus"),
+                                          QStringLiteral("org.freedesktop.DBus"), method);
+}
+
 DBusCall::DBusCall(const QDBusConnection& bus, const QDBusMessage& message, Clock& clock,
                    std::chrono::milliseconds limit)
-    : watcher_(
-          std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(message, libraryLimit(limit)))),
-      timer_(clock.startTimer(limit, [this] { giveUp(); })) {
-    QObject::connect(watcher_.get(), &QDBusPendingCallWatcher::finished, watcher_.get(), [this] {
-        timer_.reset();
-        resumeWaiter();
-    });
-}
-
-bool DBusCall::suspend(Suspension waiter) {
-    waiter_ = waiter;
-    return true;
-}
+    : watcher_(bus.asyncCall(message, libraryLimit(limit))),
+      answered_(watcher_, &QDBusPendingCallWatcher::finished, clock, limit) {}
 
 QDBusMessage DBusCall::take() const {
-    if (!watcher_) {
+    if (!watcher_.isFinished()) { // the time was up
         throw ServiceError(ServiceError::Code::unanswered,
                            localized("Platform", "The service does not answer."));
     }
-    const QDBusMessage answer = watcher_->reply();
+    const QDBusMessage answer = watcher_.reply();
     if (answer.type() == QDBusMessage::ErrorMessage)
         throw errorOf(answer);
     return answer;
-}
-
-void DBusCall::giveUp() {
-    if (watcher_->isFinished())
-        return; // the answer is here; its signal is on the way
-    watcher_.reset();
-    resumeWaiter();
-}
-
-void DBusCall::resumeWaiter() {
-    if (const Suspension waiter = std::exchange(waiter_, {}))
-        waiter.resume();
 }
 
 } // namespace platform

@@ -3,17 +3,18 @@
 
 #pragma once
 
-#include "Platform/Async/Awaiter.h"
-#include "Platform/Foundation/Clock.h"
+#include "Platform/Async/SignalAwaiter.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 
 #include <chrono>
-#include <memory>
 
 namespace platform {
+
+/// A call of a method of the bus itself, such as "RequestName".
+QDBusMessage callOfBus(const QString& method);
 
 /// A method call to another program on the bus: sent when it is made, awaited once for its answer.
 /// Nothing here waits for the other program in any other way.
@@ -34,21 +35,16 @@ public:
     DBusCall(const QDBusConnection& bus, const QDBusMessage& message, Clock& clock,
              std::chrono::milliseconds limit = usualLimit);
 
-    bool isReady() const { return !watcher_ || watcher_->isFinished(); }
-    bool suspend(Suspension waiter);
+    bool isReady() const { return watcher_.isFinished() || answered_.isReady(); }
+    bool suspend(Suspension waiter) { return answered_.suspend(waiter); }
 
     /// The answer. Descriptors in it stay open for as long as any copy of it exists.
     /// @throws ServiceError where there is none, or an error
     QDBusMessage take() const;
 
 private:
-    void giveUp();
-    void resumeWaiter();
-
-    /// None once the time was up.
-    std::unique_ptr<QDBusPendingCallWatcher> watcher_;
-    std::unique_ptr<ClockTimer> timer_;
-    Suspension waiter_;
+    QDBusPendingCallWatcher watcher_;
+    SignalAwaiter<QDBusPendingCallWatcher*> answered_;
 };
 
 } // namespace platform

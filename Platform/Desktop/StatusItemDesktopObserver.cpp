@@ -43,10 +43,7 @@ StatusItemDesktopObserver::StatusItemDesktopObserver(const QDBusConnection& bus,
 }
 
 Task<> StatusItemDesktopObserver::findWatcher() {
-    auto call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"));
-    call << watcherService;
+    const auto call = callOfBus(QStringLiteral("GetConnectionUnixProcessID")) << watcherService;
     bool hasWatcher = true;
     QString process;
     try {

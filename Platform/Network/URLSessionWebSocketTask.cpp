@@ -7,33 +7,12 @@
 
 #include <QWebSocket>
 
-#include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace platform {
 
 using Task = URLSessionWebSocketTask;
-
-Task::Send::~Send() {
-    std::erase(task_.waitingSends_, this);
-}
-
-bool Task::Send::isReady() {
-    if (task_.canSend() && task_.waitingSends_.empty())
-        isSent_ = task_.write(text_);
-    return isSent_ || task_.error_;
-}
-
-bool Task::Send::suspend(Suspension waiter) {
-    waiter_ = waiter;
-    task_.waitingSends_.push_back(this);
-    return true;
-}
-
-void Task::Send::take() const {
-    if (!isSent_)
-        throw URLError(*task_.error_);
-}
 
 Task::Receive::~Receive() {
     if (isWaiting_)
@@ -51,11 +30,11 @@ bool Task::Receive::suspend(Suspension waiter) {
     return true;
 }
 
-WebSocketMessage Task::Receive::take() {
+QByteArray Task::Receive::take() {
     isWaiting_ = false;
     if (task_.messages_.empty())
         throw URLError(*task_.error_);
-    WebSocketMessage message = std::move(task_.messages_.front());
+    QByteArray message = std::move(task_.messages_.front());
     task_.messages_.pop_front();
     return message;
 }
@@ -79,12 +58,10 @@ void Task::connectSignals() {
     QWebSocket* const socket = socket_.get();
     QObject* const context = context_.get();
     QObject::connect(socket, &QWebSocket::connected, context, [this] { opened(); });
-    QObject::connect(
-        socket, &QWebSocket::textMessageReceived, context,
-        [this](const QString& text) { received({WebSocketMessage::Kind::text, text.toUtf8()}); });
-    QObject::connect(
-        socket, &QWebSocket::binaryMessageReceived, context,
-        [this](const QByteArray& bytes) { received({WebSocketMessage::Kind::binary, bytes}); });
+    QObject::connect(socket, &QWebSocket::textMessageReceived, context,
+                     [this](const QString& text) { received(text.toUtf8()); });
+    QObject::connect(socket, &QWebSocket::binaryMessageReceived, context,
+                     [this](const QByteArray& bytes) { received(bytes); });
     // Which of the two comes first depends on what went wrong.
     QObject::connect(socket, &QWebSocket::disconnected, context, [this] {
         failed(wasOpened_ ? URLError::Code::connectionClosed : URLError::Code::cannotConnect,
@@ -113,14 +90,25 @@ bool Task::canSend() const {
     return isOpen() && !sendTimer_;
 }
 
-bool Task::write(const QString& text) {
+QFuture<void> Task::send(const QString& text) {
+    if (error_)
+        return QtFuture::makeExceptionalFuture(std::make_exception_ptr(URLError(*error_)));
+    WaitingText waiting{.text = text, .sent = {}};
+    waiting.sent.start();
+    QFuture<void> sent = waiting.sent.future();
+    waitingTexts_.push_back(std::move(waiting));
+    sendWaiting();
+    return sent;
+}
+
+void Task::write(const QString& text) {
     if (sendInterval_.count() > 0) {
         sendTimer_ = clock_.startTimer(sendInterval_, [this] {
             sendTimer_.reset();
             sendWaiting();
         });
     }
-    return socket_->sendTextMessage(text) > 0 || text.isEmpty();
+    socket_->sendTextMessage(text);
 }
 
 void Task::opened() {
@@ -130,16 +118,17 @@ void Task::opened() {
 }
 
 void Task::sendWaiting() {
-    const auto keptAlive = shared_from_this();
-    while (canSend() && !waitingSends_.empty()) {
-        Send* const next = waitingSends_.front();
-        waitingSends_.pop_front();
-        next->isSent_ = write(next->text_);
-        next->waiter_.resume();
+    while (canSend() && !waitingTexts_.empty()) {
+        WaitingText next = std::move(waitingTexts_.front());
+        waitingTexts_.pop_front();
+        if (next.sent.isCanceled())
+            continue; // who wanted it sent has gone
+        write(next.text);
+        next.sent.finish();
     }
 }
 
-void Task::received(WebSocketMessage message) {
+void Task::received(QByteArray message) {
     messages_.push_back(std::move(message));
     if (const Suspension receiver = std::exchange(receiver_, {}))
         receiver.resume();
@@ -151,10 +140,9 @@ void Task::failed(URLError::Code code, const QString& description) {
     const auto keptAlive = shared_from_this();
     error_.emplace(code, description);
     release();
-    while (!waitingSends_.empty()) {
-        Send* const next = waitingSends_.front();
-        waitingSends_.pop_front();
-        next->waiter_.resume();
+    for (WaitingText& unsent : std::exchange(waitingTexts_, {})) {
+        unsent.sent.setException(std::make_exception_ptr(URLError(*error_)));
+        unsent.sent.finish();
     }
     if (const Suspension receiver = std::exchange(receiver_, {}))
         receiver.resume();

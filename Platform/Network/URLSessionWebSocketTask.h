@@ -9,7 +9,9 @@
 #include "Platform/Network/URLError.h"
 
 #include <QByteArray>
+#include <QFuture>
 #include <QObject>
+#include <QPromise>
 #include <QString>
 #include <QUrl>
 
@@ -21,14 +23,6 @@
 class QWebSocket;
 
 namespace platform {
-
-/// One message of a WebSocket connection.
-struct WebSocketMessage {
-    enum class Kind { text, binary };
-
-    Kind kind = Kind::text;
-    QByteArray payload; ///< a text as UTF-8, else the bytes as they came
-};
 
 /// One WebSocket connection, from `resume` to its end; it is not opened twice. Belongs to the
 /// thread it was made on. Made by `URLSession::webSocketTask`.
@@ -43,25 +37,8 @@ public:
     /// Larger messages end the connection.
     static constexpr quint64 largestMessage = 1024 * 1024;
 
-    /// Waits until a text has been handed to the network.
-    class [[nodiscard]] Send : public Awaiter {
-    public:
-        Send(URLSessionWebSocketTask& task, QString text) : task_(task), text_(std::move(text)) {}
-        ~Send();
-
-        bool isReady();
-        bool suspend(Suspension waiter);
-        void take() const;
-
-    private:
-        friend class URLSessionWebSocketTask;
-        URLSessionWebSocketTask& task_;
-        QString text_;
-        Suspension waiter_;
-        bool isSent_ = false;
-    };
-
-    /// Waits for a message.
+    /// Waits for a message. On the path of every frame, so that it does without an object that
+    /// listens.
     class [[nodiscard]] Receive : public Awaiter {
     public:
         explicit Receive(URLSessionWebSocketTask& task) : task_(task) {}
@@ -69,7 +46,7 @@ public:
 
         bool isReady() const;
         bool suspend(Suspension waiter);
-        WebSocketMessage take();
+        QByteArray take();
 
     private:
         URLSessionWebSocketTask& task_;
@@ -90,9 +67,10 @@ public:
 
     /// Sends one text message. Before the handshake has ended it waits, and goes out in its turn.
     /// @throws URLError where the connection fails or has ended
-    Send send(const QString& text) { return Send(*this, text); }
+    QFuture<void> send(const QString& text);
 
-    /// The next message, in the order of arrival. What arrives unasked waits. One caller at a time.
+    /// The next message, a text as UTF-8, in the order of arrival. What arrives unasked waits. One
+    /// caller at a time.
     /// @throws URLError where the connection fails or has ended and nothing is left
     Receive receive() { return Receive(*this); }
 
@@ -101,12 +79,17 @@ public:
     void cancel(std::uint16_t closeCode);
 
 private:
+    struct WaitingText {
+        QString text;
+        QPromise<void> sent;
+    };
+
     void connectSignals();
     void opened();
     void sendWaiting();
     bool canSend() const;
-    bool write(const QString& text);
-    void received(WebSocketMessage message);
+    void write(const QString& text);
+    void received(QByteArray message);
     void failed(URLError::Code code, const QString& description);
     void release();
     bool isOpen() const;
@@ -120,8 +103,8 @@ private:
     std::chrono::milliseconds sendInterval_{0};
     bool wasOpened_ = false;
     std::unique_ptr<QObject> context_;
-    std::deque<Send*> waitingSends_;
-    std::deque<WebSocketMessage> messages_;
+    std::deque<WaitingText> waitingTexts_;
+    std::deque<QByteArray> messages_;
     std::optional<URLError> error_;
     Suspension receiver_;
 };

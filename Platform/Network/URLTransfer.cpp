@@ -42,22 +42,12 @@ URLError::Code codeOf(QNetworkReply::NetworkError error) {
 
 } // namespace
 
-URLTransfer::URLTransfer(QNetworkReply& reply, Clock& clock) : reply_(&reply), clock_(clock) {
-    QObject::connect(reply_, &QNetworkReply::readyRead, &context_, [this] { takeBytes(); });
-    QObject::connect(reply_, &QNetworkReply::metaDataChanged, &context_,
+URLTransfer::URLTransfer(QNetworkReply& reply, Clock& clock)
+    : reply_(&reply), clock_(clock), finished_(reply, &QNetworkReply::finished) {
+    QObject::connect(&reply, &QNetworkReply::readyRead, &context_, [this] { takeBytes(); });
+    QObject::connect(&reply, &QNetworkReply::metaDataChanged, &context_,
                      [this] { restartTimer(); });
-    QObject::connect(reply_, &QNetworkReply::finished, &context_, [this] {
-        timer_.reset();
-        if (const Suspension waiter = std::exchange(waiter_, {}))
-            waiter.resume();
-    });
     restartTimer();
-}
-
-URLTransfer::~URLTransfer() {
-    reply_->disconnect(&context_);
-    reply_->abort();
-    reply_->deleteLater();
 }
 
 URLResponse URLTransfer::response() {

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "Platform/Async/Awaiter.h"
+#include "Platform/Async/SignalAwaiter.h"
 #include "Platform/Network/URLSession.h"
 
 #include <QNetworkReply>
@@ -15,47 +15,35 @@ namespace platform {
 /// Destroying it ends the transfer.
 class URLTransfer {
 public:
-    /// Waits for the end of a transfer. Made by `URLTransfer::finished`.
-    class [[nodiscard]] End : public Awaiter {
-    public:
-        explicit End(URLTransfer& transfer) : transfer_(transfer) {}
-        ~End() { transfer_.waiter_ = {}; }
-
-        bool isReady() const { return transfer_.reply_->isFinished(); }
-        bool suspend(Suspension waiter) {
-            transfer_.waiter_ = waiter;
-            return true;
-        }
-        void take() const {}
-
-    private:
-        URLTransfer& transfer_;
-    };
-
     /// Takes over a reply that has just begun.
     URLTransfer(QNetworkReply& reply, Clock& clock);
-    URLTransfer(const URLTransfer&) = delete;
-    URLTransfer& operator=(const URLTransfer&) = delete;
-    ~URLTransfer();
 
-    End finished() { return End(*this); }
+    /// To be awaited, once: the end of the transfer.
+    SignalAwaiter<>& finished() { return finished_; }
 
     /// The answer, once the transfer has finished.
     /// @throws URLError where there is none, or not the whole of it
     URLResponse response();
 
 private:
+    struct EndReply {
+        void operator()(QNetworkReply* reply) const {
+            reply->abort();
+            reply->deleteLater();
+        }
+    };
+
     void restartTimer();
     void takeBytes();
     void abort(URLError::Code reason);
 
-    QNetworkReply* reply_;
+    std::unique_ptr<QNetworkReply, EndReply> reply_; ///< outlives what listens to it
     Clock& clock_;
     std::unique_ptr<ClockTimer> timer_;
     QByteArray body_;
     std::optional<URLError::Code> abortReason_;
-    Suspension waiter_;
     QObject context_;
+    SignalAwaiter<> finished_;
 };
 
 } // namespace platform

@@ -3,20 +3,26 @@
 
 #include "Platform/Services/SingleInstance.h"
 
+#include "Platform/Async/SignalAwaiter.h"
+#include "Platform/DBus/DBusCall.h"
 #include "Platform/DBus/DBusObject.h"
+#include "Platform/DBus/ServiceError.h"
 
 #include <QCryptographicHash>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDeadlineTimer>
+#include <QDBusServiceWatcher>
 #include <QDir>
 #include <QFile>
-#include <QThread>
+#include <QSocketNotifier>
 
-#include <algorithm>
+#include <sys/syscall.h>
+#include <unistd.h>
 #include <utility>
 
 namespace platform {
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -52,71 +58,125 @@ protected:
     QVariantMap properties() const override { return {}; }
 };
 
+/// Tells a later start when it is worth trying again.
+class SingleInstance::FirstWatch {
+public:
+    explicit FirstWatch(SingleInstance& start)
+        : name_(start.serviceName_, *start.bus_, QDBusServiceWatcher::WatchForRegistration),
+          process_(descriptorOf(start.firstProcess())) {
+        const auto tell = [&start] { Q_EMIT start.firstChanged(QPrivateSignal()); };
+        QObject::connect(&name_, &QDBusServiceWatcher::serviceRegistered, &name_, tell);
+        if (process_ < 0)
+            return;
+        // The system frees the locks of a process before it tells of its end.
+        end_ = std::make_unique<QSocketNotifier>(process_, QSocketNotifier::Read);
+        QObject::connect(end_.get(), &QSocketNotifier::activated, end_.get(), [this, tell] {
+            end_->setEnabled(false); // else it tells for ever
+            tell();
+        });
+    }
+    FirstWatch(const FirstWatch&) = delete;
+    FirstWatch& operator=(const FirstWatch&) = delete;
+    ~FirstWatch() {
+        end_.reset();
+        if (process_ >= 0)
+            ::close(process_);
+    }
+
+private:
+    /// Negative where the process is unknown, has ended, or is none that can be seen from here.
+    static int descriptorOf(std::optional<std::int64_t> process) {
+        return process ? static_cast<int>(::syscall(SYS_pidfd_open, *process, 0)) : -1;
+    }
+
+    QDBusServiceWatcher name_;
+    int process_;
+    std::unique_ptr<QSocketNotifier> end_;
+};
+
 SingleInstance::SingleInstance(Identity identity, const QString& directory,
-                               const QDBusConnection& sessionBus)
+                               const QDBusConnection& sessionBus, Clock& clock)
     : identity_(std::move(identity)),
       lock_(directory + u'/' + identity_.lockFile),
       serviceName_(serviceNameOf(identity_.interface, directory)),
-      bus_(std::make_unique<QDBusConnection>(sessionBus)) {}
+      bus_(std::make_unique<QDBusConnection>(sessionBus)),
+      clock_(clock) {}
 
 SingleInstance::~SingleInstance() {
     release();
 }
 
-SingleInstance::Outcome SingleInstance::claim(std::chrono::milliseconds patience) {
-    const QDeadlineTimer deadline(patience);
+Task<SingleInstance::Outcome> SingleInstance::claim(std::chrono::milliseconds patience) {
+    const auto deadline = clock_.uptime() + patience;
+    const auto left = [&] {
+        return std::chrono::ceil<std::chrono::milliseconds>(deadline - clock_.uptime());
+    };
     for (;;) {
-        if (becomeFirst())
-            return Outcome::first;
-        // The bus takes a limit of 0 for none.
-        const std::chrono::milliseconds left(std::max<qint64>(deadline.remainingTime(), 1));
-        if (callFirst(left))
-            return Outcome::handedOver;
-        if (deadline.hasExpired())
-            return Outcome::unanswered;
-        // The first may be just starting, and have no name yet, or ending, and have no lock soon.
-        constexpr unsigned long pause = 20; // milliseconds
-        QThread::msleep(pause);
+        // Before each try, so that nothing is missed between the try and the wait.
+        const FirstWatch watch(*this);
+        SignalAwaiter change(*this, &SingleInstance::firstChanged, clock_, left());
+        if (co_await becomeFirst())
+            co_return Outcome::first;
+        if (left() <= 0ms)
+            co_return Outcome::unanswered;
+        if (co_await callFirst(left()))
+            co_return Outcome::handedOver;
+        // It may be just starting, and have no name yet, or ending, and have no lock soon.
+        co_await change;
     }
 }
 
-bool SingleInstance::becomeFirst() {
+Task<bool> SingleInstance::becomeFirst() {
     const FileLock::State lock = lock_.tryTake();
     if (lock == FileLock::State::heldElsewhere)
-        return false;
-    if (!bus_->isConnected() || startListening()) {
+        co_return false;
+    if (!bus_->isConnected() || co_await startListening()) {
         if (lock == FileLock::State::held)
             lock_.writeHolder();
-        return true;
+        co_return true;
     }
     // Somebody has the name: the lock's file was removed, or there are no locks here.
     lock_.release();
-    return false;
+    co_return false;
 }
 
-bool SingleInstance::startListening() {
+Task<bool> SingleInstance::startListening() {
     object_ = std::make_unique<Object>(identity_, *this);
     // The object first: whoever sees the name may call at once.
     bus_->registerVirtualObject(pathOf(identity_.interface), object_.get());
-    if (bus_->registerService(serviceName_))
-        return true;
-    bus_->unregisterObject(pathOf(identity_.interface));
-    object_.reset();
-    return false;
+    constexpr uint doNotQueue = 4;
+    constexpr uint existsElsewhere = 3;
+    bool isTaken = false;
+    try {
+        const auto request = callOfBus(QStringLiteral("RequestName")) << serviceName_ << doNotQueue;
+        const QDBusMessage answer = co_await DBusCall(*bus_, request, clock_);
+        isTaken = answer.arguments().value(0).toUInt() == existsElsewhere;
+    } catch (const ServiceError&) {
+        co_return true; // a bus without names says nothing
+    }
+    if (isTaken) {
+        bus_->unregisterObject(pathOf(identity_.interface));
+        object_.reset();
+    }
+    co_return !isTaken;
 }
 
-bool SingleInstance::callFirst(std::chrono::milliseconds limit) {
+Task<bool> SingleInstance::callFirst(std::chrono::milliseconds limit) {
     auto message = QDBusMessage::createMethodCall(serviceName_, pathOf(identity_.interface),
                                                   identity_.interface, identity_.method);
     message.setAutoStartService(false);
-    return bus_->call(message, QDBus::Block, static_cast<int>(limit.count())).type() ==
-           QDBusMessage::ReplyMessage;
+    try {
+        co_await DBusCall(*bus_, message, clock_, limit);
+        co_return true;
+    } catch (const ServiceError&) {
+        co_return false;
+    }
 }
 
 void SingleInstance::stopListening() {
     if (!object_)
         return;
-    bus_->unregisterService(serviceName_);
+    bus_->send(callOfBus(QStringLiteral("ReleaseName")) << serviceName_);
     bus_->unregisterObject(pathOf(identity_.interface));
     object_.reset();
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "Platform/Async/Task.h"
+#include "Platform/Foundation/Clock.h"
 #include "Platform/Services/FileLock.h"
 
 #include <QObject>
@@ -45,15 +47,16 @@ public:
         unanswered, ///< there is a first, which did not answer in time
     };
 
-    /// Touches nothing yet. @param directory must exist, else there is no lock
-    SingleInstance(Identity identity, const QString& directory, const QDBusConnection& sessionBus);
+    /// Touches nothing yet. @param directory must exist, else there is no lock; @param clock counts
+    /// the patience, and outlives this object
+    SingleInstance(Identity identity, const QString& directory, const QDBusConnection& sessionBus,
+                   Clock& clock);
     ~SingleInstance() override;
 
-    /// Becomes the first, or calls it. Blocks for as long as that takes: until the patience has
-    /// gone where the first hangs, or is just ending, and where it cannot be reached from this
-    /// session. To be called before the event loop runs and before anything in the directory is
-    /// opened.
-    Outcome claim(std::chrono::milliseconds patience = usualPatience);
+    /// Becomes the first, or calls it. Takes until the patience has gone where the first hangs or
+    /// cannot be reached from this session, and until it has ended where it is just doing that. To
+    /// be awaited before anything in the directory is opened.
+    Task<Outcome> claim(std::chrono::milliseconds patience = usualPatience);
 
     /// The process that is or was first, for people to read; absent where that is unknown.
     std::optional<std::int64_t> firstProcess() const { return lock_.writtenHolder(); }
@@ -72,17 +75,22 @@ Q_SIGNALS:
     /// A later start has called the first.
     void called();
 
+    /// To a start that found another one: that one can be called now, or its process has ended.
+    void firstChanged(QPrivateSignal);
+
 private:
     class Object;
+    class FirstWatch;
 
-    bool becomeFirst();
-    bool startListening();
-    bool callFirst(std::chrono::milliseconds limit);
+    Task<bool> becomeFirst();
+    Task<bool> startListening();
+    Task<bool> callFirst(std::chrono::milliseconds limit);
 
     Identity identity_;
     FileLock lock_;
     QString serviceName_;
     std::unique_ptr<QDBusConnection> bus_;
+    Clock& clock_;
     std::unique_ptr<Object> object_; ///< while the name is this process's
 };
 

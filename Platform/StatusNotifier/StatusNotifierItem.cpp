@@ -43,7 +43,7 @@ StatusNotifierItem::StatusNotifierItem(const StatusItemIdentity& identity,
 StatusNotifierItem::~StatusNotifierItem() {
     if (!isOnBus_)
         return;
-    bus_.send(busCall(QStringLiteral("ReleaseName")) << serviceName_);
+    bus_.send(callOfBus(QStringLiteral("ReleaseName")) << serviceName_);
     bus_.unregisterObject(StatusNotifierObject::path);
     bus_.unregisterObject(StatusNotifierObject::menuPath);
 }
@@ -66,7 +66,7 @@ void StatusNotifierItem::appear() {
     bus_.registerVirtualObject(StatusNotifierObject::path, &object_);
     bus_.registerVirtualObject(StatusNotifierObject::menuPath, &menu_);
     constexpr uint doNotQueue = 4;
-    bus_.asyncCall(busCall(QStringLiteral("RequestName")) << serviceName_ << doNotQueue);
+    bus_.asyncCall(callOfBus(QStringLiteral("RequestName")) << serviceName_ << doNotQueue);
 
     watcher_.setConnection(bus_);
     watcher_.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
@@ -119,12 +119,6 @@ void StatusNotifierItem::registerWithWatcher() {
     call.setAutoStartService(false);
     // Not waited for: some watchers ask the item back before they answer.
     bus_.asyncCall(call << serviceName_);
-}
-
-QDBusMessage StatusNotifierItem::busCall(const QString& method) const {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                          QStringLiteral("/org/freedesktop/DBus"),
-                                          QStringLiteral("org.freedesktop.DBus"), method);
 }
 
 } // namespace platform

@@ -45,7 +45,6 @@ private:
     void appear();
     Task<> findHost();
     void registerWithWatcher();
-    QDBusMessage busCall(const QString& method) const;
 
     StatusNotifierRendering rendering_;
     QDBusConnection bus_;

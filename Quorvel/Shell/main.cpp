@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
+#include "Platform/Async/TaskHandle.h"
 #include "Platform/Foundation/SystemClock.h"
 #include "Platform/Services/SingleInstance.h"
 #include "Platform/Services/TerminationSignals.h"
@@ -41,9 +42,17 @@ QString dataDirectory(const FileManager& files) {
     }
 }
 
+platform::Task<> claim(SingleInstance& instance, SingleInstance::Outcome& outcome) {
+    outcome = co_await instance.claim();
+    QCoreApplication::exit();
+}
+
 /// The exit status of a start that found another one; absent for the first.
 std::optional<int> statusOfLaterStart(SingleInstance& instance) {
-    switch (instance.claim()) {
+    auto outcome = SingleInstance::Outcome::unanswered;
+    const platform::TaskHandle claiming = platform::startTask(claim(instance, outcome));
+    QApplication::exec();
+    switch (outcome) {
     case SingleInstance::Outcome::first:
         return std::nullopt;
     case SingleInstance::Outcome::handedOver:
@@ -57,8 +66,7 @@ std::optional<int> statusOfLaterStart(SingleInstance& instance) {
     return EXIT_FAILURE;
 }
 
-int run(const FileManager& files, SingleInstance& instance) {
-    platform::SystemClock clock;
+int run(platform::Clock& clock, const FileManager& files, SingleInstance& instance) {
     platform::UserDefaults defaults(
         platform::UserDefaults::standardPath(QStringLiteral("Quorvel")));
     const platform::TerminationSignals signals;
@@ -96,12 +104,13 @@ int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
+    platform::SystemClock clock;
     const FileManager files = FileManager::standard();
     SingleInstance instance({.interface = QStringLiteral("org.quorvel.Quorvel"),
                              .method = QStringLiteral("OpenPanel"),
                              .lockFile = QStringLiteral("quorvel.lock")},
-                            dataDirectory(files), QDBusConnection::sessionBus());
+                            dataDirectory(files), QDBusConnection::sessionBus(), clock);
     if (const auto status = statusOfLaterStart(instance))
         return *status;
-    return run(files, instance);
+    return run(clock, files, instance);
 }

@@ -3,6 +3,7 @@
 
 #include "QuorvelKit/MarketData/URLSessionWebSocketConnection.h"
 
+#include "Platform/Async/FutureAwaiter.h"
 #include "QuorvelKit/MarketData/WebSocketError.h"
 
 #include <utility>
@@ -27,8 +28,7 @@ Task<> URLSessionWebSocketConnection::send(std::string text) {
 Task<QByteArray> URLSessionWebSocketConnection::receive() {
     // Kept here as well: a close meanwhile must leave something that fails.
     const auto task = openTask();
-    auto message = co_await task->receive();
-    co_return std::move(message.payload);
+    co_return co_await task->receive();
 }
 
 Task<> URLSessionWebSocketConnection::close() {

@@ -3,9 +3,12 @@
 
 #include "Platform/Services/SingleInstance.h"
 
+#include "Platform/Foundation/SystemClock.h"
 #include "Tests/Support/Bus/BusPeer.h"
 #include "Tests/Support/Bus/PrivateBus.h"
+#include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/ManualClock.h"
+#include "Tests/Support/RunTask.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,13 +21,13 @@
 #include <optional>
 
 using namespace std::chrono_literals;
+using platform::FileLock;
 using platform::SingleInstance;
 using Outcome = SingleInstance::Outcome;
 
 namespace {
 
-/// Starts of one program in this process. As they block its only thread, none answers another while
-/// that one starts.
+/// Starts of one program, in this process and with each on a bus connection of its own.
 class Instances : public testing::Test {
 protected:
     Instances() {
@@ -36,21 +39,28 @@ protected:
         return make(directory, bus_.connect());
     }
 
-    std::unique_ptr<SingleInstance> make(const char* directory, const QDBusConnection& bus) {
+    std::unique_ptr<SingleInstance> make(const char* directory, const QDBusConnection& bus,
+                                         const char* lockFile = "program.lock") {
         return std::make_unique<SingleInstance>(
             SingleInstance::Identity{QStringLiteral("org.example.Program"), QStringLiteral("Show"),
-                                     QStringLiteral("program.lock")},
-            directory_.filePath(QString::fromLatin1(directory)), bus);
+                                     QString::fromLatin1(lockFile)},
+            directory_.filePath(QString::fromLatin1(directory)), bus, clock_);
     }
 
     static Outcome claim(const std::unique_ptr<SingleInstance>& instance) {
-        return instance->claim(60ms);
+        return test::runTask(instance->claim());
+    }
+
+    /// For one that finds another, which does not answer.
+    static Outcome claimInVain(const std::unique_ptr<SingleInstance>& instance) {
+        return test::runTask(instance->claim(60ms));
     }
 
     QString lockFile() const { return directory_.filePath(QStringLiteral("a/program.lock")); }
 
     QTemporaryDir temporary_;
     QDir directory_{temporary_.path()};
+    platform::SystemClock clock_;
     test::PrivateBus bus_;
     const QDBusConnection noBus_{QStringLiteral("none")};
 };
@@ -85,7 +95,7 @@ TEST_F(Instances, AreOnePerDirectoryHoweverItIsReached) {
     EXPECT_EQ(claim(first), Outcome::first);
     EXPECT_EQ(second->serviceName(), first->serviceName());
     EXPECT_EQ(linked->serviceName(), first->serviceName());
-    EXPECT_EQ(claim(linked), Outcome::unanswered);
+    EXPECT_EQ(claim(linked), Outcome::handedOver);
     EXPECT_NE(other->serviceName(), first->serviceName());
     EXPECT_EQ(claim(other), Outcome::first);
 }
@@ -106,11 +116,13 @@ TEST_P(EachSign, KeepsALaterStartOutUntilTheFirstHasGone) {
     };
     auto first = start();
     const auto second = start();
+    // A call needs the bus.
+    const Outcome whileItRuns = GetParam().hasBus ? Outcome::handedOver : Outcome::unanswered;
     ASSERT_EQ(claim(first), Outcome::first);
-    EXPECT_EQ(claim(second), Outcome::unanswered);
+    EXPECT_EQ(claimInVain(second), whileItRuns);
     first->release();
     EXPECT_EQ(claim(second), Outcome::first);
-    EXPECT_EQ(claim(first), Outcome::unanswered);
+    EXPECT_EQ(claimInVain(first), whileItRuns);
 }
 
 INSTANTIATE_TEST_SUITE_P(SingleInstance, EachSign,
@@ -128,7 +140,7 @@ TEST_F(Instances, HoldTheLockUntilTheyHaveEndedAlthoughTheyListenNoMore) {
     const auto second = make("a");
     ASSERT_EQ(claim(first), Outcome::first);
     first->stopListening();
-    EXPECT_EQ(claim(second), Outcome::unanswered);
+    EXPECT_EQ(claimInVain(second), Outcome::unanswered);
     first.reset();
     EXPECT_EQ(claim(second), Outcome::first);
 }
@@ -137,7 +149,34 @@ TEST_F(Instances, AreKnownByTheirNameWhereTheLocksFileWasRemoved) {
     const auto first = make("a");
     ASSERT_EQ(claim(first), Outcome::first);
     ASSERT_TRUE(QFile::remove(lockFile()));
-    EXPECT_EQ(claim(make("a")), Outcome::unanswered);
+    EXPECT_EQ(claim(make("a")), Outcome::handedOver);
+}
+
+/// Longer than a test may take, so that what comes has been told and was not found by looking.
+constexpr std::chrono::hours noLimit{1};
+
+TEST_F(Instances, AreCalledOnceTheyCanBe) {
+    FileLock lock(lockFile());
+    ASSERT_EQ(lock.tryTake(), FileLock::State::held);
+    const auto second = make("a");
+    test::Running<Outcome> claiming(second->claim(noLimit));
+    test::drainEvents();
+    const auto first = make("a", bus_.connect(), "another.lock");
+    ASSERT_EQ(claim(first), Outcome::first);
+    EXPECT_EQ(claiming.result(), Outcome::handedOver);
+}
+
+TEST_F(Instances, FollowAProcessAsSoonAsItHasEnded) {
+    test::ChildProcess ending;
+    ending.start({"flock", "--no-fork", lockFile().toStdString(), "sh", "-c",
+                  "echo $$ >$0; echo ready; exec sleep 1000", lockFile().toStdString()});
+    ASSERT_EQ(ending.readLine(10s), "ready");
+    const auto second = make("a");
+    test::Running<Outcome> claiming(second->claim(noLimit));
+    test::drainEvents();
+    ASSERT_TRUE(claiming.isRunning());
+    ending.kill();
+    EXPECT_EQ(claiming.result(), Outcome::first);
 }
 
 } // namespace
