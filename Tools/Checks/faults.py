@@ -35,8 +35,6 @@ NOT_DRAWN_FROM = ["Quorvel/Shell/main.cpp"]
 
 # What judges a drawn condition.
 TARGETS = ["QuorvelTests", "StripTests", "DesktopTests"]
-# Those that start whole panels come last, and only with --panels.
-PANEL_TARGETS = ["EndToEndTests", "PanelTests"]
 
 
 def run(command, limit=1800):
@@ -220,7 +218,6 @@ def line_of(text, place):
 
 
 def negate(arguments):
-    targets = TARGETS + (PANEL_TARGETS if arguments.panels else [])
     drawn = draw(arguments.seed, arguments.count, arguments.only or DRAWN_FROM)
     if arguments.list:
         for path, (start, end) in drawn:
@@ -228,8 +225,8 @@ def negate(arguments):
             print(f"{path.relative_to(ROOT)}:{line_of(text, start)}: {text[start:end]}")
         return 0
     bench = Bench(arguments.jobs)
-    bench.prepare(targets)
-    tests = suites_of(targets)
+    bench.prepare(TARGETS)
+    tests = suites_of(TARGETS)
     bench.demand_success(tests, arguments.limit)
     began = time.monotonic()
     counts = {}
@@ -240,7 +237,7 @@ def negate(arguments):
         condition = text[start:end]
         changed = text[:start] + f"!({condition})" + text[end:]
         copied = COPY / path.relative_to(ROOT)
-        verdict, who = bench.judge(copied, changed, targets, tests, arguments.limit)
+        verdict, who = bench.judge(copied, changed, TARGETS, tests, arguments.limit)
         counts[verdict] = counts.get(verdict, 0) + 1
         place = f"{path.relative_to(ROOT)}:{line_of(text, start)}"
         told = f"  [{who}]" if verdict == "caught" else ""
@@ -290,7 +287,6 @@ def main():
     of_draw.add_argument("--count", type=int, default=30)
     of_draw.add_argument("--only", action="append", metavar="PATTERN",
                          help="draw from these files, e.g. 'Quorvel/Panel/*.cpp'")
-    of_draw.add_argument("--panels", action="store_true", help="judge by whole panels, too")
     of_draw.add_argument("--pick", type=int, action="append", metavar="NUMBER",
                          help="of those drawn judge only this one; may be given again")
     of_draw.add_argument("--list", action="store_true", help="only show what is drawn")

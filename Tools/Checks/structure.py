@@ -2,7 +2,8 @@
 # SPDX-FileCopyrightText: 2026 the Quorvel developers
 # SPDX-License-Identifier: MIT
 """Checks the plan of the house: which folder may include which, that there is no circle, that no
-folder is too big to enter, and that the tests are a part of the code and not the other way round.
+folder is too big to enter, that nothing waits in a way of its own, and that the tests are a part of
+the code and not the other way round.
 
 The linker sees only modules; this sees the folders too, and says which line is wrong. With
 `--against REVISION` it also prints how many lines each module had then.
@@ -59,6 +60,16 @@ GROUPS = {
     "exchanges": [folder for folder in ALLOWED if folder.startswith("QuorvelKit/MarketData/")],
 }
 
+# Words that no product code needs, what stands in for them, and the one place that makes it.
+FORBIDDEN = [
+    (re.compile(r"\bQDBus::Block\b|\bQDBusInterface\b|\bQDBusPendingCallWatcher\b"),
+     "DBusCall", "Platform/DBus/DBusCall."),
+    (re.compile(r"\bQ(Basic)?Timer\b|\bQTimerEvent\b"),
+     "the clock that is handed in", "Platform/Foundation/SystemClock."),
+    (re.compile(r"\bQEventLoop\b|\bprocessEvents\b|[.>]waitFor[A-Z]\w*\(|\bm?sleep(_for)?\("),
+     "a task that awaits", "Platform/Async/FutureAwaiter."),
+]
+
 MODULES = ("Platform", "QuorvelKit", "Quorvel")
 FOREIGN = ("Tests", "Tools", "Benchmarks")
 CODE = (".h", ".cpp", ".py", ".sh", ".cmake", "CMakeLists.txt")
@@ -114,6 +125,15 @@ def wrong_includes(sources):
         for number, target in includes(text):
             if posixpath.dirname(target) not in permitted:
                 yield f"{path}:{number}: {folder} must not include {target}"
+
+
+def forbidden_words(sources):
+    for path, text in sources:
+        for number, line in enumerate(text.splitlines(), 1):
+            code = line.split("//")[0]
+            for pattern, instead, place in FORBIDDEN:
+                if pattern.search(code) and not path.startswith(place):
+                    yield f"{path}:{number}: {pattern.search(code)[0]}: use {instead}"
 
 
 def circle(arrows):
@@ -182,7 +202,7 @@ def main():
     files = list(files_now())
     cxx = [(path, text) for path, text in files if path.endswith((".h", ".cpp"))]
     product = [(path, text) for path, text in cxx if path.split("/")[0] in MODULES]
-    wrong = list(wrong_includes(product))
+    wrong = [*wrong_includes(product), *forbidden_words(product)]
 
     for name, arrows in (("includes", actual_arrows(product)),
                          ("rules", {folder: set(allowed(folder)) for folder in ALLOWED})):
