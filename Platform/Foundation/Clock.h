@@ -37,6 +37,9 @@ public:
     /// Time since an arbitrary start. Never goes back; stands still while the machine sleeps.
     virtual std::chrono::nanoseconds uptime() const = 0;
 
+    /// Time since an arbitrary start. Never goes back; goes on while the machine sleeps.
+    virtual std::chrono::nanoseconds bootTime() const = 0;
+
     /// Calls `expired` once from the event loop of the calling thread, when `delay` has passed.
     /// A delay of zero or less is one turn of the event loop. The timer may be destroyed from
     /// inside `expired`.

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <ctime>
 #include <limits>
 #include <utility>
 
@@ -43,6 +44,12 @@ Date SystemClock::now() const {
 
 std::chrono::nanoseconds SystemClock::uptime() const {
     return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+std::chrono::nanoseconds SystemClock::bootTime() const {
+    timespec time{};
+    ::clock_gettime(CLOCK_BOOTTIME, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 std::unique_ptr<ClockTimer> SystemClock::startTimer(std::chrono::milliseconds delay,

@@ -12,6 +12,7 @@ class SystemClock final : public Clock {
 public:
     Date now() const override;
     std::chrono::nanoseconds uptime() const override;
+    std::chrono::nanoseconds bootTime() const override;
     std::unique_ptr<ClockTimer> startTimer(std::chrono::milliseconds delay,
                                            std::move_only_function<void()> expired) override;
 };

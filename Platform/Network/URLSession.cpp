@@ -10,22 +10,43 @@
 #include <QNetworkProxyFactory>
 #include <QNetworkRequest>
 
+#include <algorithm>
+
 namespace platform {
 
-URLSession::URLSession(Clock& clock)
-    : clock_(clock), manager_(std::make_unique<QNetworkAccessManager>()), closing_(clock) {
+std::optional<QByteArray> URLResponse::header(QByteArrayView name) const {
+    const auto found = std::ranges::find_if(headers, [name](const auto& header) {
+        return header.first.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == headers.end() ? std::nullopt : std::optional(found->second);
+}
+
+URLSession::URLSession(Clock& clock) : clock_(clock), closing_(clock) {
     QNetworkProxyFactory::setUseSystemConfiguration(true);
-    manager_->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
+    renewConnections();
 }
 
 URLSession::~URLSession() = default;
 
 Task<URLResponse> URLSession::data(QUrl url) {
     QNetworkRequest request(url);
-    request.setTransferTimeout(0); // the transfer counts on the session's clock
-    URLTransfer transfer(*manager_->get(request), clock_);
+    request.setTransferTimeout(0);                   // the transfer counts on the session's clock
+    request.setDecompressedSafetyCheckThreshold(-1); // and the unpacked bytes
+    const auto manager = manager_;
+    URLTransfer transfer(*manager->get(request), clock_);
     co_await transfer.finished();
-    co_return transfer.response();
+    try {
+        co_return transfer.response();
+    } catch (const URLError&) {
+        if (manager == manager_)
+            renewConnections();
+        throw;
+    }
+}
+
+void URLSession::renewConnections() {
+    manager_ = std::make_shared<QNetworkAccessManager>();
+    manager_->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
 }
 
 std::shared_ptr<URLSessionWebSocketTask> URLSession::webSocketTask(const QUrl& url) {

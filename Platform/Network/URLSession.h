@@ -9,6 +9,9 @@
 #include "Platform/Network/URLSessionWebSocketTask.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
+#include <QList>
+#include <QPair>
 #include <QUrl>
 
 #include <memory>
@@ -23,6 +26,10 @@ struct URLResponse {
     QByteArray body;
     /// The HTTP status; absent where the answer did not come over HTTP.
     std::optional<int> statusCode;
+    QList<QPair<QByteArray, QByteArray>> headers;
+
+    /// The value of the first header of that name, in any letter case; absent without one.
+    std::optional<QByteArray> header(QByteArrayView name) const;
 };
 
 /// Transfers and WebSocket connections, with the user's proxy settings and the system's
@@ -33,9 +40,16 @@ struct URLResponse {
 class URLSession {
 public:
     /// How long a transfer may stay without any progress.
-    static constexpr std::chrono::seconds requestTimeout{60};
+    static constexpr std::chrono::seconds idleLimit{15};
 
-    /// Larger bodies are refused.
+    /// How long a transfer may take as a whole, and how long one that keeps up the least pace.
+    static constexpr std::chrono::seconds usualLimit{20};
+    static constexpr std::chrono::seconds longestLimit{60};
+
+    /// What the body has to grow by on average after the usual limit, in unpacked bytes a second.
+    static constexpr qsizetype leastPace = 10'000;
+
+    /// Larger bodies are refused, measured as they are once unpacked.
     static constexpr qsizetype largestBody = 64 * 1024 * 1024;
 
     explicit URLSession(Clock& clock);
@@ -45,12 +59,16 @@ public:
 
     /// GETs `url` and waits for the whole answer, whatever its status. Redirects are followed
     /// unless they lead from an encrypted place to an unencrypted one. Cancelling the task ends the
-    /// transfer.
+    /// transfer. What failed is not tried again over the same connection.
     /// @throws URLError where no whole answer arrived
     Task<URLResponse> data(QUrl url);
 
     /// A connection to `url`, not opened yet.
     std::shared_ptr<URLSessionWebSocketTask> webSocketTask(const QUrl& url);
+
+    /// Lets transfers from now on use connections of their own: the open ones may be dead, as after
+    /// the machine has slept. Transfers under way go on.
+    void renewConnections();
 
     /// Waits until the WebSocket connections that were cancelled have said goodbye and are gone, or
     /// `limit` has passed.
@@ -58,7 +76,7 @@ public:
 
 private:
     Clock& clock_;
-    std::unique_ptr<QNetworkAccessManager> manager_;
+    std::shared_ptr<QNetworkAccessManager> manager_; ///< shared with the transfers under way
     ClosingWebSockets closing_;
 };
 

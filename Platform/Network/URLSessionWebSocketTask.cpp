@@ -62,6 +62,11 @@ void Task::connectSignals() {
                      [this](const QString& text) { received(text.toUtf8()); });
     QObject::connect(socket, &QWebSocket::binaryMessageReceived, context,
                      [this](const QByteArray& bytes) { received(bytes); });
+    QObject::connect(socket, &QWebSocket::pong, context, [this] {
+        heard();
+        if (pongHandler_)
+            pongHandler_();
+    });
     // Which of the two comes first depends on what went wrong.
     QObject::connect(socket, &QWebSocket::disconnected, context, [this] {
         failed(wasOpened_ ? URLError::Code::connectionClosed : URLError::Code::cannotConnect,
@@ -102,22 +107,54 @@ QFuture<void> Task::send(const QString& text) {
 }
 
 void Task::write(const QString& text) {
-    if (sendInterval_.count() > 0) {
-        sendTimer_ = clock_.startTimer(sendInterval_, [this] {
-            sendTimer_.reset();
-            sendWaiting();
-        });
-    }
+    waitForTurn();
     socket_->sendTextMessage(text);
+}
+
+void Task::waitForTurn() {
+    if (sendInterval_.count() == 0)
+        return;
+    sendTimer_ = clock_.startTimer(sendInterval_, [this] {
+        sendTimer_.reset();
+        sendWaiting();
+    });
 }
 
 void Task::opened() {
     wasOpened_ = true;
     handshakeTimer_.reset();
+    heard();
+    silenceTimer_ = clock_.startTimer(silenceLimit, [this] { checkSilence(); });
+    sendWaiting();
+}
+
+void Task::heard() {
+    lastHeard_ = clock_.uptime();
+    isPingOpen_ = isPingDue_ = false;
+}
+
+void Task::checkSilence() {
+    const auto silence = clock_.uptime() - lastHeard_;
+    if (silence < silenceLimit) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(silenceLimit - silence);
+        silenceTimer_ = clock_.startTimer(left, [this] { checkSilence(); });
+        return;
+    }
+    if (isPingOpen_) {
+        failed(URLError::Code::timedOut, localized("Platform", "The connection timed out."));
+        return;
+    }
+    isPingOpen_ = isPingDue_ = true;
+    silenceTimer_ = clock_.startTimer(pongLimit, [this] { checkSilence(); });
     sendWaiting();
 }
 
 void Task::sendWaiting() {
+    if (canSend() && isPingDue_) {
+        isPingDue_ = false;
+        waitForTurn();
+        socket_->ping();
+    }
     while (canSend() && !waitingTexts_.empty()) {
         WaitingText next = std::move(waitingTexts_.front());
         waitingTexts_.pop_front();
@@ -129,6 +166,7 @@ void Task::sendWaiting() {
 }
 
 void Task::received(QByteArray message) {
+    heard();
     messages_.push_back(std::move(message));
     if (const Suspension receiver = std::exchange(receiver_, {}))
         receiver.resume();
@@ -161,6 +199,7 @@ void Task::cancel(std::uint16_t closeCode) {
 
 void Task::release() {
     handshakeTimer_.reset();
+    silenceTimer_.reset();
     sendTimer_.reset();
     context_.reset();
     if (!socket_)

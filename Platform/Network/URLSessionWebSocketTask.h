@@ -17,6 +17,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -32,7 +33,13 @@ public:
     static constexpr std::uint16_t goingAway = 1001;
 
     /// How long the opening handshake may take.
-    static constexpr std::chrono::seconds handshakeTimeout{60};
+    static constexpr std::chrono::seconds handshakeTimeout{15};
+
+    /// How long an open connection may be silent before it is asked whether it is there, and how
+    /// long the answer may take: together less than 20 seconds, after which nobody should still
+    /// believe what came last.
+    static constexpr std::chrono::seconds silenceLimit{8};
+    static constexpr std::chrono::seconds pongLimit{8};
 
     /// Larger messages end the connection.
     static constexpr quint64 largestMessage = 1024 * 1024;
@@ -58,8 +65,12 @@ public:
     URLSessionWebSocketTask& operator=(const URLSessionWebSocketTask&) = delete;
     ~URLSessionWebSocketTask();
 
-    /// Keeps at least this time between two sent messages; those in between wait their turn. None
-    /// at first.
+    /// Called at each answer to a ping, as frames are not the only sign of life. Must not destroy
+    /// the task.
+    void setPongHandler(std::function<void()> handler) { pongHandler_ = std::move(handler); }
+
+    /// Keeps at least this time between two sent messages, pings among them; those in between wait
+    /// their turn. None at first.
     void setSendInterval(std::chrono::milliseconds interval) { sendInterval_ = interval; }
 
     /// Begins to connect and returns at once.
@@ -86,9 +97,12 @@ private:
 
     void connectSignals();
     void opened();
+    void heard();
+    void checkSilence();
     void sendWaiting();
     bool canSend() const;
     void write(const QString& text);
+    void waitForTurn();
     void received(QByteArray message);
     void failed(URLError::Code code, const QString& description);
     void release();
@@ -102,6 +116,11 @@ private:
     std::unique_ptr<ClockTimer> sendTimer_; ///< runs while the next message must wait
     std::chrono::milliseconds sendInterval_{0};
     bool wasOpened_ = false;
+    std::chrono::nanoseconds lastHeard_{0};    ///< uptime
+    std::unique_ptr<ClockTimer> silenceTimer_; ///< runs while the connection is open
+    bool isPingDue_ = false;
+    bool isPingOpen_ = false; ///< due, or sent and nothing heard since
+    std::function<void()> pongHandler_;
     std::unique_ptr<QObject> context_;
     std::deque<WaitingText> waitingTexts_;
     std::deque<QByteArray> messages_;

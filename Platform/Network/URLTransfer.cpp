@@ -5,6 +5,7 @@
 
 #include "Platform/Foundation/StringTable.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -19,6 +20,8 @@ std::optional<int> statusOf(const QNetworkReply& reply) {
         return std::nullopt;
     return status.toInt();
 }
+
+constexpr qint64 readBufferSize = 1024 * 1024;
 
 URLError::Code codeOf(QNetworkReply::NetworkError error) {
     switch (error) {
@@ -43,14 +46,21 @@ URLError::Code codeOf(QNetworkReply::NetworkError error) {
 } // namespace
 
 URLTransfer::URLTransfer(QNetworkReply& reply, Clock& clock)
-    : reply_(&reply), clock_(clock), finished_(reply, &QNetworkReply::finished) {
+    : reply_(&reply),
+      clock_(clock),
+      began_(clock.uptime()),
+      finished_(reply, &QNetworkReply::finished) {
+    // More waits in the system's buffers until it is asked for.
+    reply.setReadBufferSize(readBufferSize);
     QObject::connect(&reply, &QNetworkReply::readyRead, &context_, [this] { takeBytes(); });
     QObject::connect(&reply, &QNetworkReply::metaDataChanged, &context_,
-                     [this] { restartTimer(); });
-    restartTimer();
+                     [this] { restartIdleTimer(); });
+    restartIdleTimer();
+    checkPace();
 }
 
 URLResponse URLTransfer::response() {
+    takeBytes();
     if (abortReason_ == URLError::Code::timedOut)
         throw URLError(URLError::Code::timedOut, localized("Platform", "The request timed out."));
     if (abortReason_)
@@ -59,13 +69,23 @@ URLResponse URLTransfer::response() {
     const auto status = statusOf(*reply_);
     if (reply_->error() != QNetworkReply::NoError && status < firstErrorStatus)
         throw URLError(codeOf(reply_->error()), reply_->errorString());
-    takeBytes();
-    return {std::move(body_), status};
+    return {std::move(body_), status, reply_->rawHeaderPairs()};
 }
 
-void URLTransfer::restartTimer() {
-    timer_ =
-        clock_.startTimer(URLSession::requestTimeout, [this] { abort(URLError::Code::timedOut); });
+void URLTransfer::restartIdleTimer() {
+    idleTimer_ =
+        clock_.startTimer(URLSession::idleLimit, [this] { abort(URLError::Code::timedOut); });
+}
+
+void URLTransfer::checkPace() {
+    const std::chrono::seconds earned(body_.size() / URLSession::leastPace);
+    const auto limit = std::clamp(earned, URLSession::usualLimit, URLSession::longestLimit);
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(began_ + limit - clock_.uptime());
+    if (left <= std::chrono::milliseconds::zero())
+        abort(URLError::Code::timedOut);
+    else
+        paceTimer_ = clock_.startTimer(left, [this] { checkPace(); });
 }
 
 void URLTransfer::takeBytes() {
@@ -75,7 +95,7 @@ void URLTransfer::takeBytes() {
     if (body_.size() > URLSession::largestBody)
         abort(URLError::Code::dataTooLarge);
     else if (!reply_->isFinished())
-        restartTimer();
+        restartIdleTimer();
 }
 
 void URLTransfer::abort(URLError::Code reason) {

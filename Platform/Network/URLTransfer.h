@@ -33,13 +33,16 @@ private:
         }
     };
 
-    void restartTimer();
+    void restartIdleTimer();
+    void checkPace();
     void takeBytes();
     void abort(URLError::Code reason);
 
     std::unique_ptr<QNetworkReply, EndReply> reply_; ///< outlives what listens to it
     Clock& clock_;
-    std::unique_ptr<ClockTimer> timer_;
+    std::chrono::nanoseconds began_;
+    std::unique_ptr<ClockTimer> idleTimer_;
+    std::unique_ptr<ClockTimer> paceTimer_;
     QByteArray body_;
     std::optional<URLError::Code> abortReason_;
     QObject context_;

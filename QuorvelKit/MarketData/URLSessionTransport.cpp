@@ -8,9 +8,11 @@
 namespace quorvel {
 
 platform::Task<QByteArray> URLSessionTransport::get(QUrl url) {
-    auto response = co_await session_.data(std::move(url));
+    auto response = co_await session_.data(url);
     if (!response.statusCode)
         throw HTTPTransportError::invalidResponse();
+    if (heard_)
+        heard_(url, response);
     if (*response.statusCode < 200 || *response.statusCode > 299)
         throw HTTPTransportError::requestFailed(*response.statusCode);
     co_return std::move(response.body);

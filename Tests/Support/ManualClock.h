@@ -17,6 +17,7 @@ class ManualClock final : public platform::Clock {
 public:
     platform::Date now() const override { return now_; }
     std::chrono::nanoseconds uptime() const override { return uptime_; }
+    std::chrono::nanoseconds bootTime() const override { return uptime_ + suspended_; }
     std::unique_ptr<platform::ClockTimer>
     startTimer(std::chrono::milliseconds delay, std::move_only_function<void()> expired) override;
 
@@ -26,6 +27,12 @@ public:
 
     /// Sets the wall clock alone, as a user does.
     void setNow(platform::Date now) { now_ = now; }
+
+    /// Lets `span` pass as while the machine sleeps: no timer falls due, and uptime stands still.
+    void suspend(std::chrono::nanoseconds span) {
+        now_ += span;
+        suspended_ += span;
+    }
 
     /// How many timers are running.
     std::size_t timerCount() const { return timers_.size(); }
@@ -41,6 +48,7 @@ private:
     std::uint64_t startedTimers_ = 0;
     platform::Date now_{platform::TimeInterval(700'000'000.0)};
     std::chrono::nanoseconds uptime_{std::chrono::hours(1)};
+    std::chrono::nanoseconds suspended_{0};
 };
 
 /// Runs the event loop of this thread until nothing is left to do in it.

@@ -72,11 +72,11 @@ TEST_F(Transport, RefusesABodyAbove64MiB) {
     EXPECT_GT(runTask(transport_.get(list)).size(), 9'000'000);
 }
 
-TEST_F(Transport, TimesOutAfterAMinuteWithoutProgress) {
+TEST_F(Transport, TimesOutAfterAQuarterOfAMinuteWithoutProgress) {
     setAnswer(R"("hang":true)");
     Running<QByteArray> running(transport_.get(url()));
-    ASSERT_TRUE(waitUntil([&] { return clock_.timerCount() == 1; }));
-    clock_.advance(59s);
+    ASSERT_TRUE(waitUntil([&] { return clock_.timerCount() > 0; }));
+    clock_.advance(14s);
     EXPECT_TRUE(running.isRunning());
     clock_.advance(1s);
     EXPECT_THROW(running.result(), URLError);

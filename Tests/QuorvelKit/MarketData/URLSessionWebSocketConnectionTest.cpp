@@ -151,17 +151,42 @@ TEST_F(Connection, FailsWhenTheHandshakeIsRefused) {
     EXPECT_THROW(sending.result(), URLError);
 }
 
-TEST_F(Connection, FailsAHandshakeThatIsNotOverAfterAMinute) {
+TEST_F(Connection, FailsAHandshakeThatIsNotOverAfterAQuarterOfAMinute) {
     ManualClock clock;
     platform::URLSession session(clock);
     URLSessionWebSocketConnection connection(session);
     hang(connection);
     Running<QByteArray> receiving(connection.receive());
     ASSERT_TRUE(isHanging());
-    clock.advance(59s);
+    clock.advance(14s);
     EXPECT_TRUE(receiving.isRunning());
     clock.advance(1s);
     EXPECT_THROW(receiving.result(), URLError);
+}
+
+TEST_F(Connection, AsksASilentOtherSideWhetherItIsThere) {
+    ManualClock clock;
+    platform::URLSession session(clock);
+    const auto task = session.webSocketTask(url());
+    int pongs = 0;
+    task->setPongHandler([&] { ++pongs; });
+    task->resume();
+    ASSERT_TRUE(waitUntil([&] { return clock.untilNextTimer() == 8s; })) << "open";
+    for (const int asked : {1, 2}) {
+        clock.advance(7999ms);
+        EXPECT_EQ(pongs, asked - 1);
+        clock.advance(1ms);
+        ASSERT_TRUE(waitUntil([&] { return pongs == asked; }));
+    }
+    simulator_.control("frame", R"({"text":"hello"})");
+    ASSERT_TRUE(waitUntil([&] { return task->receive().isReady(); }));
+    simulator_.control("silence", R"({"silent":true})");
+    clock.advance(15999ms);
+    EXPECT_EQ(simulator_.details(QStringLiteral("ping")).size(), 3);
+    task->receive().take();
+    EXPECT_FALSE(task->receive().isReady());
+    clock.advance(1ms);
+    EXPECT_THROW(task->receive().take(), URLError);
 }
 
 TEST_F(Connection, FailsWhenTheOtherSideGoesHoweverItGoes) {
