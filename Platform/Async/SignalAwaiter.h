@@ -31,21 +31,15 @@ public:
     template <typename Sender, typename Base>
         requires std::derived_from<Sender, Base>
     SignalAwaiter(Sender& sender, void (Base::*signal)(Arguments...)) {
-        QObject::connect(&sender, signal, &listener_, [this](std::decay_t<Arguments>... arguments) {
-            if (isOver_)
-                return;
-            emission_.emplace(std::move(arguments)...);
-            end();
-        });
-        QObject::connect(&sender, &QObject::destroyed, &listener_, [this] { end(); });
+        listen(sender, signal);
     }
 
     /// @param limit how long the emission may take, counted on `clock` from now on
     template <typename Sender, typename Base>
     SignalAwaiter(Sender& sender, void (Base::*signal)(Arguments...), Clock& clock,
                   std::chrono::milliseconds limit)
-        : SignalAwaiter(sender, signal) {
-        timer_ = clock.startTimer(limit, [this] { end(); });
+        : timer_(clock.startTimer(limit, [this] { end(); })) {
+        listen(sender, signal);
     }
 
     bool isReady() const { return isOver_; }
@@ -58,6 +52,17 @@ public:
     std::optional<std::tuple<std::decay_t<Arguments>...>> take() { return std::move(emission_); }
 
 private:
+    template <typename Sender, typename Base>
+    void listen(Sender& sender, void (Base::*signal)(Arguments...)) {
+        QObject::connect(&sender, signal, &listener_, [this](std::decay_t<Arguments>... arguments) {
+            if (isOver_)
+                return;
+            emission_.emplace(std::move(arguments)...);
+            end();
+        });
+        QObject::connect(&sender, &QObject::destroyed, &listener_, [this] { end(); });
+    }
+
     void end() {
         isOver_ = true;
         if (const Suspension waiter = std::exchange(waiter_, {}))
