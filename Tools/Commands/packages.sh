@@ -8,7 +8,7 @@
 
 packages_build=(
     cmake ninja-build clang-19 lld-19
-    qt6-base-dev qt6-svg-dev qt6-websockets-dev qt6-l10n-tools libsimdjson-dev
+    qt6-base-dev qt6-svg-dev qt6-websockets-dev qt6-l10n-tools libsimdjson-dev zlib1g-dev
     libx11-dev libxcb1-dev
 )
 packages_test=(

@@ -90,6 +90,8 @@ Control::Control(const Parts& parts)
              {QStringLiteral("close"), &Control::close},
              {QStringLiteral("rest"), &Control::rest},
              {QStringLiteral("exchangeInfo"), &Control::exchangeInfo},
+             {QStringLiteral("clock"), &Control::clock},
+             {QStringLiteral("command"), &Control::command},
              {QStringLiteral("limits"), &Control::limits},
              {QStringLiteral("reset"), &Control::reset},
              {QStringLiteral("state"), &Control::state}} {}
@@ -151,8 +153,11 @@ QJsonObject Control::drop(const QJsonObject& parameters) {
 
 QJsonObject Control::handshake(const QJsonObject& parameters) {
     const QString mode = required(parameters, "mode", QJsonValue::String).toString();
+    const RestOverride answer = RestOverride::fromJSON(parameters);
     parts_.hub.setPolicy({.mode = modeNamed(mode),
-                          .status = optionalInt(parameters, "status").value_or(503),
+                          .status = answer.status.value_or(503),
+                          .headers = answer.headers,
+                          .body = answer.body.value_or(QByteArray()),
                           .count = optionalInt(parameters, "count")});
     return {};
 }
@@ -193,6 +198,22 @@ QJsonObject Control::exchangeInfo(const QJsonObject& parameters) {
     return {};
 }
 
+QJsonObject Control::clock(const QJsonObject& parameters) {
+    parts_.time.offset =
+        std::chrono::milliseconds(parameters[QLatin1String("offsetMs")].toInteger());
+    parts_.time.isTold = parameters[QLatin1String("told")].toBool(true);
+    parts_.time.age = std::chrono::seconds(parameters[QLatin1String("ageSeconds")].toInteger());
+    return {};
+}
+
+QJsonObject Control::command(const QJsonObject& parameters) {
+    QStringList streams;
+    for (const auto stream : parameters[QLatin1String("refuse")].toArray())
+        streams.append(stream.toString());
+    parts_.hub.refuseStreams(streams);
+    return {};
+}
+
 QJsonObject Control::limits(const QJsonObject& parameters) {
     parts_.limits.set(parameters);
     limitsChanged();
@@ -201,6 +222,8 @@ QJsonObject Control::limits(const QJsonObject& parameters) {
 
 QJsonObject Control::reset(const QJsonObject&) {
     parts_.limits = {};
+    parts_.time = {};
+    parts_.hub.refuseStreams({});
     limitsChanged();
     parts_.hub.setPolicy({});
     parts_.hub.setSilent(false);

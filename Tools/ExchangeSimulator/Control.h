@@ -22,6 +22,7 @@ public:
         Feed& feed;
         StreamHub& hub;
         RestInterface& rest;
+        ExchangeTime& time;
         Limits& limits;
         EventLog& log;
         /// What `reset` goes back to.
@@ -48,6 +49,8 @@ private:
     QJsonObject close(const QJsonObject& parameters);
     QJsonObject rest(const QJsonObject& parameters);
     QJsonObject exchangeInfo(const QJsonObject& parameters);
+    QJsonObject clock(const QJsonObject& parameters);
+    QJsonObject command(const QJsonObject& parameters);
     QJsonObject limits(const QJsonObject& parameters);
     QJsonObject reset(const QJsonObject& parameters);
     QJsonObject state(const QJsonObject& parameters);

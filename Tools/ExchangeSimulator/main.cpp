@@ -72,13 +72,15 @@ int run(const QCommandLineParser& parser) {
     Limits limits;
     Market market(numberOption<quint64>(parser, "seed"));
     fill(market, scenario, parser);
+    ExchangeTime time;
     StreamHub hub(limits, log);
-    RestInterface rest(market, log);
-    Feed feed(market, hub, limits);
+    RestInterface rest(market, time, limits, log);
+    Feed feed(market, hub, time, limits);
     feed.setWalking(walks);
     Control control({.feed = feed,
                      .hub = hub,
                      .rest = rest,
+                     .time = time,
                      .limits = limits,
                      .log = log,
                      .walksNormally = walks});

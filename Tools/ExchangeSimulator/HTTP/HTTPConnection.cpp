@@ -4,6 +4,9 @@
 #include "Tools/ExchangeSimulator/HTTP/HTTPConnection.h"
 
 #include <QTcpSocket>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace simulator {
 
@@ -38,13 +41,31 @@ void HTTPConnection::respond(const HTTPResponse& response) {
     answering_ = false;
     held_.reset();
     keepAlive_ = keepAlive_ && !response.truncate;
-    socket_->write(response.wireBytes(keepAlive_));
+    const QByteArray bytes = response.wireBytes(keepAlive_);
+    if (response.dripBytes > 0) {
+        drip(bytes, response.dripBytes, response.dripPause);
+        return;
+    }
+    socket_->write(bytes);
     if (!keepAlive_) {
         socket_->disconnectFromHost();
         return;
     }
     // By way of the event loop: a client may pipeline more requests than the stack is deep.
     QMetaObject::invokeMethod(this, &HTTPConnection::handleNext, Qt::QueuedConnection);
+}
+
+void HTTPConnection::drip(const QByteArray& bytes, qsizetype piece,
+                          std::chrono::milliseconds pause) {
+    keepAlive_ = false;
+    socket_->write(bytes.first(std::min(piece, bytes.size())));
+    if (bytes.size() <= piece) {
+        socket_->disconnectFromHost();
+        return;
+    }
+    QTimer::singleShot(
+        pause, Qt::PreciseTimer, this,
+        [this, rest = bytes.sliced(piece), piece, pause] { drip(rest, piece, pause); });
 }
 
 std::pair<QTcpSocket*, QByteArray> HTTPConnection::takeSocket() {

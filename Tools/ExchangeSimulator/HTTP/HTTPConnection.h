@@ -43,6 +43,7 @@ Q_SIGNALS:
 private:
     void receive();
     void handleNext();
+    void drip(const QByteArray& bytes, qsizetype piece, std::chrono::milliseconds pause);
 
     QTcpSocket* socket_;
     const Handler& handler_;

@@ -7,12 +7,15 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <stdexcept>
+#include <zlib.h>
 
 namespace simulator {
 
 namespace {
 
 constexpr qsizetype chunkSize = 4096;
+constexpr qsizetype smallestCompressed = 1024;
 
 QByteArray reasonPhrase(int status) {
     switch (status) {
@@ -50,6 +53,28 @@ HTTPResponse HTTPResponse::error(int status, int code, const QByteArray& message
     return {.status = status,
             .headers = {},
             .body = "{\"code\":" + QByteArray::number(code) + ",\"msg\":\"" + message + "\"}"};
+}
+
+void HTTPResponse::compress() {
+    if (body.size() <= smallestCompressed)
+        return;
+    constexpr int withGzipHeader = 15 + 16;
+    constexpr int usualMemory = 8;
+    z_stream stream{};
+    if (deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, withGzipHeader, usualMemory,
+                     Z_DEFAULT_STRATEGY) != Z_OK)
+        throw std::runtime_error("cannot compress");
+    const auto size = static_cast<uLong>(body.size());
+    QByteArray packed(static_cast<qsizetype>(deflateBound(&stream, size)), Qt::Uninitialized);
+    stream.next_in = reinterpret_cast<Bytef*>(body.data());
+    stream.avail_in = static_cast<uInt>(size);
+    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+    stream.avail_out = static_cast<uInt>(packed.size());
+    deflate(&stream, Z_FINISH);
+    packed.truncate(static_cast<qsizetype>(stream.total_out));
+    deflateEnd(&stream);
+    body = packed;
+    headers.emplaceBack("Content-Encoding", "gzip");
 }
 
 QByteArray HTTPResponse::wireBytes(bool keepAlive) const {

@@ -5,6 +5,8 @@
 
 #include "Tools/ExchangeSimulator/HTTP/HTTPRequest.h"
 
+#include <chrono>
+
 class QJsonObject;
 
 namespace simulator {
@@ -18,12 +20,19 @@ struct HTTPResponse {
     QByteArray body;
     /// Sends the body in chunks, without its length.
     bool chunked = false;
+    /// Sends the body in pieces of that size, with a pause before each; 0: at once.
+    qsizetype dripBytes = 0;
+    std::chrono::milliseconds dripPause{0};
     /// Breaks off in the middle of the body and ends the connection.
     bool truncate = false;
 
     static HTTPResponse json(int status, const QJsonObject& body);
     /// The exchange's own form of an error.
     static HTTPResponse error(int status, int code, const QByteArray& message);
+
+    /// Packs the body with gzip, as the exchange does where the client takes it, and where it is
+    /// large enough to be worth it.
+    void compress();
 
     /// The bytes to send.
     QByteArray wireBytes(bool keepAlive) const;

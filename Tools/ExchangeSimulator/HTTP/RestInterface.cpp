@@ -6,8 +6,8 @@
 #include "Tools/ExchangeSimulator/Market/ExchangeInfo.h"
 #include "Tools/ExchangeSimulator/Market/Klines.h"
 
-#include <QDateTime>
 #include <QJsonDocument>
+#include <QSet>
 #include <QStringList>
 #include <QTimer>
 
@@ -84,8 +84,11 @@ void RestInterface::handle(HTTPConnection& connection, const HTTPRequest& reques
     if (change.hang)
         return;
     // Made when it is sent, so that a delayed answer tells the prices of that time.
-    const auto answer = [this, change, request, &connection, weak = std::weak_ptr(exchange)] {
-        const HTTPResponse response = change.applied(usualAnswer(request));
+    const auto refusal = weight_.count(request, limits_.weightPerMinute);
+    const auto answer = [this, change, refusal, request, &connection,
+                         weak = std::weak_ptr(exchange)] {
+        const HTTPResponse response =
+            finished(change.applied(refusal ? *refusal : usualAnswer(request)), request);
         if (const auto open = weak.lock())
             open->answered(response.status);
         connection.respond(response);
@@ -94,6 +97,17 @@ void RestInterface::handle(HTTPConnection& connection, const HTTPRequest& reques
         QTimer::singleShot(change.delay, Qt::PreciseTimer, &connection, answer);
     else
         answer();
+}
+
+HTTPResponse RestInterface::finished(HTTPResponse response, const HTTPRequest& request) const {
+    if (time_.isTold)
+        response.headers.append({"Date", time_.date()});
+    if (time_.age.count() > 0)
+        response.headers.append({"Age", QByteArray::number(time_.age.count())});
+    response.headers.append({"X-MBX-USED-WEIGHT-1M", QByteArray::number(weight_.used())});
+    if (request.header("accept-encoding").contains("gzip"))
+        response.compress();
+    return response;
 }
 
 void RestInterface::padExchangeInfo(qsizetype bytes) {
@@ -117,8 +131,7 @@ HTTPResponse RestInterface::usualAnswer(const HTTPRequest& request) const {
     if (path == QLatin1String("/api/v3/klines"))
         return candles(request);
     if (path == QLatin1String("/api/v3/exchangeInfo"))
-        return success(
-            exchangeInfo(market_.pairs(), QDateTime::currentMSecsSinceEpoch(), madeUpEntries_));
+        return success(exchangeInfo(market_.pairs(), time_.now(), madeUpEntries_));
     return {.status = 404, .headers = {}, .body = {}};
 }
 
@@ -127,7 +140,9 @@ HTTPResponse RestInterface::tickers(const HTTPRequest& request) const {
         symbolList(request.queryItem(u"symbols").value_or(QString()));
     if (!symbols)
         return missing("symbols");
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    if (QSet(symbols->begin(), symbols->end()).size() != symbols->size())
+        return HTTPResponse::error(400, -1151, "Symbol is present multiple times in the list.");
+    const qint64 now = time_.now();
     QByteArray body;
     for (const QString& symbol : *symbols) {
         const Pair* pair = market_.find(symbol);
@@ -154,14 +169,15 @@ HTTPResponse RestInterface::candles(const HTTPRequest& request) const {
     const int limit = limitText ? limitText->toInt(&ok) : usualKlineLimit;
     if (!ok || limit < 1)
         return HTTPResponse::error(400, -1100, "Illegal characters found in parameter 'limit'.");
-    return success(
-        klines(*pair, *interval, std::min(limit, mostKlines), QDateTime::currentMSecsSinceEpoch()));
+    return success(klines(*pair, *interval, std::min(limit, mostKlines), time_.now()));
 }
 
 QJsonObject RestInterface::state() const {
     return {{QStringLiteral("requests"), requestCount_},
             {QStringLiteral("inFlight"), inFlight_},
-            {QStringLiteral("mostInFlight"), mostInFlight_}};
+            {QStringLiteral("mostInFlight"), mostInFlight_},
+            {QStringLiteral("weight"), weight_.used()},
+            {QStringLiteral("mostWeight"), weight_.most()}};
 }
 
 } // namespace simulator

@@ -21,6 +21,8 @@ RestOverride RestOverride::fromJSON(const QJsonObject& object) {
     result.delay = std::chrono::milliseconds(object[QLatin1String("delayMs")].toInteger());
     result.hang = object[QLatin1String("hang")].toBool();
     result.truncate = object[QLatin1String("truncate")].toBool();
+    result.dripBytes = object[QLatin1String("dripBytes")].toInteger();
+    result.dripPause = std::chrono::milliseconds(object[QLatin1String("dripMs")].toInteger(1000));
     result.chunked = object[QLatin1String("chunked")].toBool();
     return result;
 }
@@ -30,6 +32,8 @@ HTTPResponse RestOverride::applied(const HTTPResponse& usual) const {
     response.headers += headers;
     response.truncate = truncate;
     response.chunked = chunked;
+    response.dripBytes = dripBytes;
+    response.dripPause = dripPause;
     if (status && *status != 200)
         response.body.clear();
     if (body)

@@ -23,6 +23,8 @@ struct RestOverride {
     bool hang = false;
     bool truncate = false;
     bool chunked = false;
+    qsizetype dripBytes = 0;
+    std::chrono::milliseconds dripPause{0};
     /// How many answers it holds for; absent: all until it is reset.
     std::optional<int> count;
 

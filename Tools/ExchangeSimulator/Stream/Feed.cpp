@@ -3,12 +3,10 @@
 
 #include "Tools/ExchangeSimulator/Stream/Feed.h"
 
-#include <QDateTime>
-
 namespace simulator {
 
-Feed::Feed(Market& market, StreamHub& hub, const Limits& limits)
-    : market_(market), hub_(hub), limits_(limits) {
+Feed::Feed(Market& market, StreamHub& hub, const ExchangeTime& time, const Limits& limits)
+    : market_(market), hub_(hub), time_(time), limits_(limits) {
     timer_.setTimerType(Qt::PreciseTimer);
     connect(&timer_, &QTimer::timeout, this, &Feed::tick);
     limitsChanged();
@@ -29,14 +27,13 @@ void Feed::startClock(const std::vector<Scenario::TimedPush>& pushes) {
 
 void Feed::push(const QString& symbol, const std::optional<QByteArray>& price,
                 const std::optional<QByteArray>& change, std::optional<qint64> time) {
-    publish(market_.push(symbol, price, change),
-            time.value_or(QDateTime::currentMSecsSinceEpoch()));
+    publish(market_.push(symbol, price, change), time.value_or(time_.now()));
 }
 
 void Feed::tick() {
     if (walking_)
         market_.step();
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const qint64 now = time_.now();
     for (const Pair& pair : market_.pairs()) {
         if (pair.changed)
             publish(pair, now);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "Tools/ExchangeSimulator/ExchangeTime.h"
 #include "Tools/ExchangeSimulator/Market/Market.h"
 #include "Tools/ExchangeSimulator/Market/Scenario.h"
 #include "Tools/ExchangeSimulator/Stream/Limits.h"
@@ -18,8 +19,8 @@ class Feed final : public QObject {
     Q_OBJECT
 
 public:
-    /// All three must outlive the feed.
-    Feed(Market& market, StreamHub& hub, const Limits& limits);
+    /// All must outlive the feed.
+    Feed(Market& market, StreamHub& hub, const ExchangeTime& time, const Limits& limits);
 
     /// Whether prices walk by themselves.
     bool isWalking() const { return walking_; }
@@ -42,6 +43,7 @@ private:
 
     Market& market_;
     StreamHub& hub_;
+    const ExchangeTime& time_;
     const Limits& limits_;
     QTimer timer_;
     bool walking_ = true;

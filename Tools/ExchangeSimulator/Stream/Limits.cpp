@@ -27,7 +27,8 @@ const Counts& counts() {
     static const Counts table{
         {QStringLiteral("connectionAttempts"), &Limits::connectionAttempts},
         {QStringLiteral("messagesPerSecond"), &Limits::messagesPerSecond},
-        {QStringLiteral("streamsPerConnection"), &Limits::streamsPerConnection}};
+        {QStringLiteral("streamsPerConnection"), &Limits::streamsPerConnection},
+        {QStringLiteral("weightPerMinute"), &Limits::weightPerMinute}};
     return table;
 }
 

@@ -27,6 +27,8 @@ struct Limits {
     /// Pings, pongs and commands taken from one connection within a second.
     int messagesPerSecond = 5;
     int streamsPerConnection = 1024;
+    /// What REST requests may weigh within a minute.
+    int weightPerMinute = 6000;
 
     /// One key for each figure, named for it; times are in milliseconds and end in "Ms".
     QJsonObject toJSON() const;

@@ -32,12 +32,14 @@ bool isUtf8(const QByteArray& text) {
 } // namespace
 
 StreamConnection::StreamConnection(int number, QStringList streams, QTcpSocket* socket,
-                                   const Limits& limits, EventLog& log, QObject* parent)
+                                   const Limits& limits, StreamTerms& terms, EventLog& log,
+                                   QObject* parent)
     : QObject(parent),
       number_(number),
       streams_(std::move(streams)),
       socket_(socket),
       limits_(limits),
+      terms_(terms),
       log_(log),
       probe_(socket->socketDescriptor()) {
     socket_->setParent(this);
@@ -197,7 +199,7 @@ void StreamConnection::handleMessage() {
            {{QStringLiteral("text"), QString::fromUtf8(message)}});
     if (!isWithinRate())
         return;
-    send(encodeMessage(Opcode::text, carryOutCommand(message, streams_)));
+    send(encodeMessage(Opcode::text, carryOutCommand(message, streams_, terms_.refusedStreams)));
     checkStreamCount();
 }
 
@@ -229,6 +231,7 @@ bool StreamConnection::isWithinRate() {
     recentMessages_.push_back(now);
     while (now - recentMessages_.front() >= rateWindow)
         recentMessages_.pop_front();
+    terms_.mostMessages = std::max(terms_.mostMessages, std::ssize(recentMessages_));
     const bool within = std::cmp_less_equal(recentMessages_.size(), limits_.messagesPerSecond);
     if (!within)
         cutOff(closeCode::policyViolation, "too many messages");

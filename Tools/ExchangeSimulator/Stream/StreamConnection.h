@@ -6,6 +6,7 @@
 #include "Tools/ExchangeSimulator/EventLog.h"
 #include "Tools/ExchangeSimulator/Stream/EndProbe.h"
 #include "Tools/ExchangeSimulator/Stream/Limits.h"
+#include "Tools/ExchangeSimulator/Stream/StreamTerms.h"
 #include "Tools/ExchangeSimulator/Stream/WebSocketFrame.h"
 
 #include <QObject>
@@ -23,14 +24,14 @@ namespace simulator {
 
 /// One client of the combined stream after its handshake. Carries out its commands, pings it, and
 /// cuts it off when it breaks the protocol or a limit. Owned by the hub, which removes it on
-/// `ended`; the hub's limits and log outlive it.
+/// `ended`; the hub's limits, terms and log outlive it.
 class StreamConnection final : public QObject {
     Q_OBJECT
 
 public:
     /// Takes the socket over. `number` names the connection in the log.
     StreamConnection(int number, QStringList streams, QTcpSocket* socket, const Limits& limits,
-                     EventLog& log, QObject* parent);
+                     StreamTerms& terms, EventLog& log, QObject* parent);
 
     int number() const { return number_; }
     const QStringList& streams() const { return streams_; }
@@ -85,6 +86,7 @@ private:
     QStringList streams_;
     QTcpSocket* socket_;
     const Limits& limits_;
+    StreamTerms& terms_;
     EventLog& log_;
     EndProbe probe_;
     FrameReader reader_;

@@ -7,6 +7,9 @@
 
 #include <QTcpSocket>
 
+#include <algorithm>
+#include <iterator>
+
 namespace simulator {
 
 namespace {
@@ -25,6 +28,10 @@ bool isHandshake(const HTTPRequest& request) {
            QByteArray::fromBase64(request.header("sec-websocket-key")).size() == 16;
 }
 
+HTTPResponse refusal(const StreamHub::HandshakePolicy& policy) {
+    return {.status = policy.status, .headers = policy.headers, .body = policy.body};
+}
+
 QJsonObject describe(const StreamConnection& connection) {
     return {{QStringLiteral("connection"), connection.number()},
             {QStringLiteral("streams"), QJsonArray::fromStringList(connection.streams())},
@@ -40,17 +47,21 @@ bool StreamHub::isFor(const HTTPRequest& request) {
 }
 
 void StreamHub::handshake(HTTPConnection& connection, const HTTPRequest& request) {
+    // Who was refused may ask why.
+    if (policy_.mode == HandshakePolicy::Mode::refuse && request.header("upgrade").isEmpty())
+        return connection.respond(refusal(policy_));
     ++attemptCount_;
     if (!isAttemptAllowed())
-        return refuse(connection, request, 429);
+        return refuse(connection, request,
+                      {.status = 429, .headers = {{"Retry-After", "60"}}, .body = {}});
     if (!isHandshake(request))
-        return refuse(connection, request, 400);
+        return refuse(connection, request, {.status = 400, .headers = {}, .body = {}});
     const HandshakePolicy policy = takePolicy();
     switch (policy.mode) {
     case HandshakePolicy::Mode::accept:
         return open(connection, request);
     case HandshakePolicy::Mode::refuse:
-        return refuse(connection, request, policy.status);
+        return refuse(connection, request, refusal(policy));
     case HandshakePolicy::Mode::hang:
         log_.add(QStringLiteral("handshakeHung"),
                  {{QStringLiteral("target"), QString::fromUtf8(request.target)}});
@@ -62,6 +73,7 @@ bool StreamHub::isAttemptAllowed() {
     attempts_.push_back(now);
     while (now - attempts_.front() >= limits_.attemptWindow)
         attempts_.pop_front();
+    mostAttempts_ = std::max(mostAttempts_, std::ssize(attempts_));
     return std::cmp_less_equal(attempts_.size(), limits_.connectionAttempts);
 }
 
@@ -72,14 +84,12 @@ StreamHub::HandshakePolicy StreamHub::takePolicy() {
     return policy;
 }
 
-void StreamHub::refuse(HTTPConnection& connection, const HTTPRequest& request, int status) {
+void StreamHub::refuse(HTTPConnection& connection, const HTTPRequest& request,
+                       HTTPResponse answer) {
     log_.add(QStringLiteral("handshakeRefused"),
-             {{QStringLiteral("status"), status},
+             {{QStringLiteral("status"), answer.status},
               {QStringLiteral("target"), QString::fromUtf8(request.target)}});
-    HTTPResponse response{.status = status, .headers = {}, .body = {}};
-    if (status == 429)
-        response.headers = {{"Retry-After", "60"}};
-    connection.respond(response);
+    connection.respond(answer);
 }
 
 void StreamHub::open(HTTPConnection& connection, const HTTPRequest& request) {
@@ -91,8 +101,8 @@ void StreamHub::open(HTTPConnection& connection, const HTTPRequest& request) {
         .body = {}};
     const auto [socket, received] = connection.takeSocket();
     socket->write(answer.wireBytes(true));
-    auto* stream =
-        new StreamConnection(++openedCount_, streamsIn(request), socket, limits_, log_, this);
+    auto* stream = new StreamConnection(++openedCount_, streamsIn(request), socket, limits_, terms_,
+                                        log_, this);
     connections_.append(stream);
     connect(stream, &StreamConnection::ended, this, [this, stream] {
         connections_.removeOne(stream);
@@ -137,6 +147,8 @@ QJsonObject StreamHub::state() const {
     return {{QStringLiteral("connectionCount"), connections_.size()},
             {QStringLiteral("connections"), open},
             {QStringLiteral("handshakes"), attemptCount_},
+            {QStringLiteral("mostAttempts"), static_cast<qint64>(mostAttempts_)},
+            {QStringLiteral("mostMessages"), static_cast<qint64>(terms_.mostMessages)},
             {QStringLiteral("opened"), openedCount_},
             {QStringLiteral("silent"), silent_}};
 }

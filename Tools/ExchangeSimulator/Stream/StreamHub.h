@@ -6,6 +6,7 @@
 #include "Tools/ExchangeSimulator/EventLog.h"
 #include "Tools/ExchangeSimulator/HTTP/HTTPConnection.h"
 #include "Tools/ExchangeSimulator/Stream/Limits.h"
+#include "Tools/ExchangeSimulator/Stream/StreamTerms.h"
 
 #include <QList>
 #include <QObject>
@@ -29,8 +30,10 @@ public:
     struct HandshakePolicy {
         enum class Mode { accept, refuse, hang };
         Mode mode = Mode::accept;
-        /// The HTTP status of a refusal.
+        /// The HTTP status of a refusal, and what comes with it.
         int status = 503;
+        HTTPHeaders headers = {};
+        QByteArray body = {};
         /// How many handshakes it holds for; absent: all to come.
         std::optional<int> count;
     };
@@ -43,6 +46,9 @@ public:
 
     /// Takes the connection over, refuses it, or leaves it hanging.
     void handshake(HTTPConnection& connection, const HTTPRequest& request);
+
+    /// Has subscriptions of these streams refused, each command as a whole.
+    void refuseStreams(const QStringList& streams) { terms_.refusedStreams = streams; }
 
     void setPolicy(const HandshakePolicy& policy) { policy_ = policy; }
 
@@ -71,15 +77,17 @@ private:
 
     bool isAttemptAllowed();
     HandshakePolicy takePolicy();
-    void refuse(HTTPConnection& connection, const HTTPRequest& request, int status);
+    void refuse(HTTPConnection& connection, const HTTPRequest& request, HTTPResponse answer);
     void open(HTTPConnection& connection, const HTTPRequest& request);
 
     const Limits& limits_;
+    StreamTerms terms_;
     EventLog& log_;
     QList<StreamConnection*> connections_;
     std::deque<Instant> attempts_;
     HandshakePolicy policy_;
     int attemptCount_ = 0;
+    std::ptrdiff_t mostAttempts_ = 0; ///< within any window
     int openedCount_ = 0;
     bool silent_ = false;
 };

@@ -35,7 +35,8 @@ bool isId(const QJsonValue& id) {
 
 } // namespace
 
-QByteArray carryOutCommand(const QByteArray& text, QStringList& streams) {
+QByteArray carryOutCommand(const QByteArray& text, QStringList& streams,
+                           const QStringList& refused) {
     const QJsonDocument document = QJsonDocument::fromJson(text);
     if (!document.isObject())
         return error(3, QStringLiteral("Invalid JSON: expected an object"));
@@ -54,6 +55,9 @@ QByteArray carryOutCommand(const QByteArray& text, QStringList& streams) {
     const QJsonArray names = command[QLatin1String("params")].toArray();
     if (names.isEmpty() || !std::ranges::all_of(names, [](auto&& name) { return name.isString(); }))
         return error(2, QStringLiteral("Invalid request: params must be stream names"), id);
+    const auto isRefused = [&refused](auto&& name) { return refused.contains(name.toString()); };
+    if (subscribes && std::ranges::any_of(names, isRefused))
+        return error(2, QStringLiteral("Invalid request: unknown stream"), id);
     for (const auto name : names) {
         streams.removeAll(name.toString());
         if (subscribes)
