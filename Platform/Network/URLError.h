@@ -5,6 +5,8 @@
 
 #include "Platform/Foundation/PlatformError.h"
 
+#include <optional>
+
 namespace platform {
 
 /// A transfer or a connection failed before or beside any answer of the server's.
@@ -14,6 +16,7 @@ public:
         cancelled,           ///< given up by this side
         timedOut,            ///< the other side did not answer in time
         cannotConnect,       ///< no address, no route, refused, or not a server of the right kind
+        refused,             ///< the server answered the opening of a connection with a status
         connectionLost,      ///< an established connection broke
         connectionClosed,    ///< the other side closed it in order
         insecureConnection,  ///< no trustworthy encryption
@@ -21,12 +24,18 @@ public:
         unsupportedLocation, ///< not a place this kind of transfer can go to
     };
 
-    URLError(Code code, const QString& description) : PlatformError(description), code_(code) {}
+    /// @param statusCode the HTTP status of a refusal
+    URLError(Code code, const QString& description, std::optional<int> statusCode = {})
+        : PlatformError(description), code_(code), statusCode_(statusCode) {}
 
     Code code() const { return code_; }
 
+    /// The HTTP status where the code is `refused`, else absent.
+    std::optional<int> statusCode() const { return statusCode_; }
+
 private:
     Code code_;
+    std::optional<int> statusCode_;
 };
 
 } // namespace platform

@@ -27,6 +27,8 @@ struct URLResponse {
     /// The HTTP status; absent where the answer did not come over HTTP.
     std::optional<int> statusCode;
     QList<QPair<QByteArray, QByteArray>> headers;
+    /// When the headers came, by the clock's boot time.
+    std::chrono::nanoseconds headersArrival{0};
 
     /// The value of the first header of that name, in any letter case; absent without one.
     std::optional<QByteArray> header(QByteArrayView name) const;
@@ -59,7 +61,8 @@ public:
 
     /// GETs `url` and waits for the whole answer, whatever its status. Redirects are followed
     /// unless they lead from an encrypted place to an unencrypted one. Cancelling the task ends the
-    /// transfer. What failed is not tried again over the same connection.
+    /// transfer. What failed is not tried again over the same connection. Only of a body that comes
+    /// packed it does not show here that it broke off: whoever reads it has to see to that.
     /// @throws URLError where no whole answer arrived
     Task<URLResponse> data(QUrl url);
 

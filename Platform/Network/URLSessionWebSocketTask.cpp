@@ -5,6 +5,7 @@
 
 #include "Platform/Foundation/StringTable.h"
 
+#include <QRegularExpression>
 #include <QWebSocket>
 
 #include <exception>
@@ -13,6 +14,20 @@
 namespace platform {
 
 using Task = URLSessionWebSocketTask;
+
+namespace {
+
+/// Why a connection did not come about. The toolkit names the status of a refusal in its text only.
+URLError openingError(const QWebSocket& socket) {
+    static const QRegularExpression statusInText(QStringLiteral("status code: (\\d{3}) "));
+    const QString text = socket.errorString();
+    if (const auto status = statusInText.match(text); status.hasMatch())
+        return {URLError::Code::refused, text, status.captured(1).toInt()};
+    const bool wasReached = socket.error() == QAbstractSocket::RemoteHostClosedError;
+    return {wasReached ? URLError::Code::connectionLost : URLError::Code::cannotConnect, text};
+}
+
+} // namespace
 
 Task::Receive::~Receive() {
     if (isWaiting_)
@@ -64,25 +79,28 @@ void Task::connectSignals() {
                      [this](const QByteArray& bytes) { received(bytes); });
     QObject::connect(socket, &QWebSocket::pong, context, [this] {
         heard();
-        if (pongHandler_)
-            pongHandler_();
+        if (signOfLifeHandler_)
+            signOfLifeHandler_();
     });
     // Which of the two comes first depends on what went wrong.
     QObject::connect(socket, &QWebSocket::disconnected, context, [this] {
-        failed(wasOpened_ ? URLError::Code::connectionClosed : URLError::Code::cannotConnect,
-               localized("Platform", "The connection was closed."));
+        if (wasOpened_)
+            failed({URLError::Code::connectionClosed,
+                    localized("Platform", "The connection was closed.")});
+        else
+            failed(openingError(*socket_));
     });
-    QObject::connect(socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), context,
-                     [this](QAbstractSocket::SocketError) {
-                         failed(wasOpened_ ? URLError::Code::connectionLost
-                                           : URLError::Code::cannotConnect,
-                                socket_->errorString());
-                     });
+    QObject::connect(
+        socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), context,
+        [this](QAbstractSocket::SocketError) {
+            failed(wasOpened_ ? URLError(URLError::Code::connectionLost, socket_->errorString())
+                              : openingError(*socket_));
+        });
 }
 
 void Task::resume() {
     handshakeTimer_ = clock_.startTimer(handshakeTimeout, [this] {
-        failed(URLError::Code::timedOut, localized("Platform", "The connection timed out."));
+        failed({URLError::Code::timedOut, localized("Platform", "The connection timed out.")});
     });
     socket_->open(url_);
 }
@@ -125,6 +143,8 @@ void Task::opened() {
     handshakeTimer_.reset();
     heard();
     silenceTimer_ = clock_.startTimer(silenceLimit, [this] { checkSilence(); });
+    if (signOfLifeHandler_)
+        signOfLifeHandler_();
     sendWaiting();
 }
 
@@ -141,7 +161,7 @@ void Task::checkSilence() {
         return;
     }
     if (isPingOpen_) {
-        failed(URLError::Code::timedOut, localized("Platform", "The connection timed out."));
+        failed({URLError::Code::timedOut, localized("Platform", "The connection timed out.")});
         return;
     }
     isPingOpen_ = isPingDue_ = true;
@@ -172,11 +192,11 @@ void Task::received(QByteArray message) {
         receiver.resume();
 }
 
-void Task::failed(URLError::Code code, const QString& description) {
+void Task::failed(const URLError& error) {
     if (error_)
         return;
     const auto keptAlive = shared_from_this();
-    error_.emplace(code, description);
+    error_ = error;
     release();
     for (WaitingText& unsent : std::exchange(waitingTexts_, {})) {
         unsent.sent.setException(std::make_exception_ptr(URLError(*error_)));
@@ -194,7 +214,7 @@ void Task::cancel(std::uint16_t closeCode) {
         context_.reset();
         closing_.close(std::move(socket_), closeCode);
     }
-    failed(URLError::Code::cancelled, localized("Platform", "The connection was cancelled."));
+    failed({URLError::Code::cancelled, localized("Platform", "The connection was cancelled.")});
 }
 
 void Task::release() {

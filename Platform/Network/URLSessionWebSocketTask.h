@@ -65,9 +65,11 @@ public:
     URLSessionWebSocketTask& operator=(const URLSessionWebSocketTask&) = delete;
     ~URLSessionWebSocketTask();
 
-    /// Called at each answer to a ping, as frames are not the only sign of life. Must not destroy
-    /// the task.
-    void setPongHandler(std::function<void()> handler) { pongHandler_ = std::move(handler); }
+    /// Called when the other side shows that it is there otherwise than by a message: when it has
+    /// taken up the connection, and at each answer to a ping. Must not destroy the task.
+    void setSignOfLifeHandler(std::function<void()> handler) {
+        signOfLifeHandler_ = std::move(handler);
+    }
 
     /// Keeps at least this time between two sent messages, pings among them; those in between wait
     /// their turn. None at first.
@@ -104,7 +106,7 @@ private:
     void write(const QString& text);
     void waitForTurn();
     void received(QByteArray message);
-    void failed(URLError::Code code, const QString& description);
+    void failed(const URLError& error);
     void release();
     bool isOpen() const;
 
@@ -120,7 +122,7 @@ private:
     std::unique_ptr<ClockTimer> silenceTimer_; ///< runs while the connection is open
     bool isPingDue_ = false;
     bool isPingOpen_ = false; ///< due, or sent and nothing heard since
-    std::function<void()> pongHandler_;
+    std::function<void()> signOfLifeHandler_;
     std::unique_ptr<QObject> context_;
     std::deque<WaitingText> waitingTexts_;
     std::deque<QByteArray> messages_;

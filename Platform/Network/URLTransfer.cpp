@@ -53,8 +53,10 @@ URLTransfer::URLTransfer(QNetworkReply& reply, Clock& clock)
     // More waits in the system's buffers until it is asked for.
     reply.setReadBufferSize(readBufferSize);
     QObject::connect(&reply, &QNetworkReply::readyRead, &context_, [this] { takeBytes(); });
-    QObject::connect(&reply, &QNetworkReply::metaDataChanged, &context_,
-                     [this] { restartIdleTimer(); });
+    QObject::connect(&reply, &QNetworkReply::metaDataChanged, &context_, [this] {
+        headersArrival_ = clock_.bootTime();
+        restartIdleTimer();
+    });
     restartIdleTimer();
     checkPace();
 }
@@ -69,7 +71,7 @@ URLResponse URLTransfer::response() {
     const auto status = statusOf(*reply_);
     if (reply_->error() != QNetworkReply::NoError && status < firstErrorStatus)
         throw URLError(codeOf(reply_->error()), reply_->errorString());
-    return {std::move(body_), status, reply_->rawHeaderPairs()};
+    return {std::move(body_), status, reply_->rawHeaderPairs(), headersArrival_};
 }
 
 void URLTransfer::restartIdleTimer() {

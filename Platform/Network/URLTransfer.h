@@ -40,7 +40,8 @@ private:
 
     std::unique_ptr<QNetworkReply, EndReply> reply_; ///< outlives what listens to it
     Clock& clock_;
-    std::chrono::nanoseconds began_;
+    std::chrono::nanoseconds began_;             ///< uptime
+    std::chrono::nanoseconds headersArrival_{0}; ///< boot time
     std::unique_ptr<ClockTimer> idleTimer_;
     std::unique_ptr<ClockTimer> paceTimer_;
     QByteArray body_;
