@@ -17,6 +17,7 @@ Task<> URLSessionWebSocketConnection::connect(QUrl url) {
     co_await close();
     task_ = session_.webSocketTask(url);
     task_->setSendInterval(sendInterval_);
+    task_->setSignOfLifeHandler(signOfLife_);
     task_->resume();
 }
 

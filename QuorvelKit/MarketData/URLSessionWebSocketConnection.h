@@ -7,7 +7,9 @@
 #include "QuorvelKit/MarketData/WebSocketConnection.h"
 
 #include <chrono>
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace quorvel {
 
@@ -15,9 +17,12 @@ namespace quorvel {
 class URLSessionWebSocketConnection final : public WebSocketConnection {
 public:
     /// @param sendInterval kept at least between two frames sent; those in between wait their turn
+    /// @param signOfLife   called when the other side shows that it is there otherwise than by a
+    ///                     frame; must not close the connection
     explicit URLSessionWebSocketConnection(platform::URLSession& session,
-                                           std::chrono::milliseconds sendInterval = {})
-        : session_(session), sendInterval_(sendInterval) {}
+                                           std::chrono::milliseconds sendInterval = {},
+                                           std::function<void()> signOfLife = {})
+        : session_(session), sendInterval_(sendInterval), signOfLife_(std::move(signOfLife)) {}
 
     platform::Task<> connect(QUrl url) override;
     platform::Task<> send(std::string text) override;
@@ -29,6 +34,7 @@ private:
 
     platform::URLSession& session_;
     std::chrono::milliseconds sendInterval_;
+    std::function<void()> signOfLife_;
     std::shared_ptr<platform::URLSessionWebSocketTask> task_;
 };
 

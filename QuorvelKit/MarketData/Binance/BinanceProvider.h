@@ -9,6 +9,9 @@
 #include "Platform/Network/URLSession.h"
 #include "QuorvelKit/MarketData/Binance/BinanceRESTClient.h"
 #include "QuorvelKit/MarketData/Binance/BinanceWebSocketClient.h"
+#include "QuorvelKit/MarketData/Binance/ExchangeGate.h"
+#include "QuorvelKit/MarketData/ConnectionEvent.h"
+#include "QuorvelKit/MarketData/ExchangeClock.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 
 #include <functional>
@@ -22,9 +25,17 @@ class BinanceProvider final : public MarketDataProvider {
 public:
     /// What lives on the network thread. Made, used and destroyed there.
     struct Clients {
-        std::unique_ptr<platform::URLSession> session; // first, since the others use it to the end
+        std::unique_ptr<ExchangeClock> time; // these first, since the others use them to the end
+        std::unique_ptr<ExchangeGate> gate;
+        std::unique_ptr<platform::URLSession> session;
         std::unique_ptr<BinanceRESTClient> rest;
         std::unique_ptr<BinanceWebSocketClient> webSocket;
+
+        /// Takes note of the snapshot's instants, which later quotes are ordered after.
+        platform::Task<std::vector<Quote>> snapshot(std::vector<Symbol> symbols);
+
+        /// Trusts nothing from before: neither connections nor the time that was learned.
+        void renew();
 
         /// Stops the stream and waits until its connection has said goodbye.
         platform::Task<> stop();
@@ -47,7 +58,7 @@ public:
     /// The provider over the network.
     /// @param clock must outlive the provider; used on both threads
     static std::unique_ptr<BinanceProvider> live(platform::Clock& clock, QUrl restURL,
-                                                 QUrl streamURL);
+                                                 QUrl streamURL, ConnectionReports reports = {});
 
     platform::Task<std::vector<Quote>> snapshot(std::vector<Symbol> symbols) override;
     platform::Task<std::vector<Symbol>> availableSymbols() override;
@@ -55,6 +66,9 @@ public:
     platform::Task<platform::AsyncStream<Quote>> quotes() override;
     platform::Task<> updateSubscriptions(SymbolSet symbols) override;
     platform::Task<> stop() override;
+
+    /// To be called when the machine has slept: what was open may be dead, and nobody was told.
+    void renew();
 
 private:
     platform::WorkerThread thread_;

@@ -39,6 +39,19 @@ requiredStrings(JSONValue object, const std::array<std::string_view, Count>& key
     return strings;
 }
 
+/// When the values of a ticker row were produced: an answer may have been under way, or in a cache,
+/// while events overtook it.
+platform::Date producedAt(JSONValue row, platform::Date arrival) {
+    std::optional<double> closeTime;
+    row.forEachMember([&](std::string_view key, JSONValue value) {
+        if (key == "closeTime")
+            closeTime = value.asDouble();
+    });
+    if (!closeTime)
+        return arrival;
+    return std::min(arrival, platform::dateSince1970(platform::TimeInterval(*closeTime / 1000.0)));
+}
+
 void forEachElement(JSONValue array, auto visit) {
     if (!array.forEachElement(visit))
         throw DecodingError(DecodingError::Kind::typeMismatch, "Expected an array.");
@@ -90,7 +103,8 @@ std::vector<Quote> decodeSnapshot(QByteArrayView body, platform::Date arrival) {
             const auto price = Decimal::fromAPIString(lastPrice);
             const auto change = Decimal::fromAPIString(changePercent);
             if (symbol && price && change)
-                quotes.push_back({std::move(*symbol), *price, *change, arrival});
+                quotes.push_back(
+                    {std::move(*symbol), *price, *change, producedAt(element, arrival)});
         });
         return quotes;
     });

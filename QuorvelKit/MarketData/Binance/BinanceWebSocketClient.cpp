@@ -24,12 +24,14 @@ BinanceWebSocketClient::JitterSource BinanceWebSocketClient::systemJitter() {
 
 BinanceWebSocketClient::BinanceWebSocketClient(std::unique_ptr<WebSocketConnection> connection,
                                                BackoffPolicy backoff, platform::Clock& clock,
-                                               JitterSource jitter, QUrl endpoint)
+                                               JitterSource jitter, QUrl endpoint,
+                                               QuoteFilter admits)
     : connection_(std::move(connection)),
       backoff_(backoff),
       clock_(clock),
       jitter_(std::move(jitter)),
-      endpoint_(std::move(endpoint)) {}
+      endpoint_(std::move(endpoint)),
+      admits_(std::move(admits)) {}
 
 platform::AsyncStream<Quote> BinanceWebSocketClient::quotes() {
     continuation_.finish();
@@ -61,10 +63,17 @@ Task<> BinanceWebSocketClient::sendCommands(SymbolSet toAdd, SymbolSet toRemove)
     if (!toRemove.empty())
         unsubscribing =
             SubscriptionCommand::controlMessage(unsubscribe, toRemove, nextRequestID_++);
+    // Both are handed over before the first wait: a change meanwhile must not come between them.
+    platform::TaskHandle first;
+    platform::TaskHandle second;
     if (!subscribing.empty())
-        co_await sendCommand(std::move(subscribing));
+        first = platform::startTask(sendCommand(std::move(subscribing)));
     if (!unsubscribing.empty())
-        co_await sendCommand(std::move(unsubscribing));
+        second = platform::startTask(sendCommand(std::move(unsubscribing)));
+    if (first)
+        co_await first.finished();
+    if (second)
+        co_await second.finished();
 }
 
 Task<> BinanceWebSocketClient::sendCommand(std::string text) {
@@ -109,9 +118,10 @@ Task<> BinanceWebSocketClient::runReceiveLoop() {
     try {
         for (;;) {
             const QByteArray frame = co_await connection_->receive();
-            const BinanceMessage message = decoder_.decode(frame);
-            if (const auto* const quote = std::get_if<Quote>(&message))
-                continuation_.push(*quote);
+            BinanceMessage message = decoder_.decode(frame);
+            auto* const quote = std::get_if<Quote>(&message);
+            if (quote && (!admits_ || admits_(*quote)))
+                continuation_.push(std::move(*quote));
         }
     } catch (const std::exception&) {
         isConnected_ = false;

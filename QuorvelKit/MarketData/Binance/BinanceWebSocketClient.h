@@ -32,9 +32,14 @@ public:
     /// The system's random numbers with 53 bits of resolution.
     static JitterSource systemJitter();
 
+    /// Looks at a quote that has arrived, and may correct its instant; false drops it.
+    using QuoteFilter = std::function<bool(Quote&)>;
+
     /// @param endpoint where the stream is, without the query that names the pairs
+    /// @param admits lets every quote pass where there is none
     BinanceWebSocketClient(std::unique_ptr<WebSocketConnection> connection, BackoffPolicy backoff,
-                           platform::Clock& clock, JitterSource jitter, QUrl endpoint);
+                           platform::Clock& clock, JitterSource jitter, QUrl endpoint,
+                           QuoteFilter admits = {});
 
     /// A new stream of quotes; the one before ends. Quotes that arrive while there is none are
     /// dropped, so take the stream before naming pairs. It survives reconnections.
@@ -64,6 +69,7 @@ private:
     platform::Clock& clock_;
     JitterSource jitter_;
     QUrl endpoint_;
+    QuoteFilter admits_;
     SymbolSet subscriptions_;
     platform::AsyncStreamWriter<Quote> continuation_;
     bool isConnected_ = false;

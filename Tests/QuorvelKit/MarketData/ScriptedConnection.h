@@ -11,9 +11,11 @@
 #include <QPromise>
 
 #include <deque>
+#include <exception>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace test {
@@ -23,6 +25,8 @@ class ScriptedConnection final : public quorvel::WebSocketConnection {
 public:
     /// Everything that was called, such as "connect", "send {...}", "close".
     std::vector<std::string> calls;
+    /// Where `connect` was to lead.
+    std::vector<QUrl> urls;
     /// How many of the next `connect` calls fail.
     int failingConnects = 0;
     /// While set, `connect` waits until `letConnect`.
@@ -31,6 +35,7 @@ public:
 
     platform::Task<> connect(QUrl url) override {
         calls.push_back("connect " + url.query().toStdString());
+        urls.push_back(url);
         if (holdsConnects) {
             held_.emplace_back().start();
             co_await held_.back().future();
@@ -55,6 +60,8 @@ public:
         if (!open_)
             throw WebSocketError(WebSocketError::Code::notConnected);
         const auto frame = co_await open_->first.next();
+        if (!frame && reason_)
+            std::rethrow_exception(std::exchange(reason_, nullptr));
         if (!frame)
             throw std::runtime_error("lost");
         co_return *frame;
@@ -67,7 +74,11 @@ public:
     }
 
     void deliver(const QByteArray& frame) { open_->second.push(frame); }
-    void lose() { open_->second.finish(); }
+    /// @param reason with which `receive` fails; null: one of the connection's own
+    void lose(std::exception_ptr reason = nullptr) {
+        reason_ = std::move(reason);
+        open_->second.finish();
+    }
     bool isOpen() const { return open_.has_value(); }
 
     /// Lets the oldest `connect` that is held go on.
@@ -83,6 +94,7 @@ private:
     std::optional<
         std::pair<platform::AsyncStream<QByteArray>, platform::AsyncStreamWriter<QByteArray>>>
         open_;
+    std::exception_ptr reason_;
     std::deque<QPromise<void>> held_;
 };
 
