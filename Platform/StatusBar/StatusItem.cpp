@@ -47,6 +47,10 @@ void StatusItem::setToolTip(QString toolTip, Urgency urgency) {
     set(content_.toolTip, std::move(toolTip), urgency);
 }
 
+void StatusItem::setNotice(std::optional<QString> notice) {
+    set(content_.notice, std::move(notice), Urgency::immediate);
+}
+
 void StatusItem::setMenu(std::vector<MenuEntry> entries) {
     Q_ASSERT(!presentation_);
     identity_.menu = std::move(entries);

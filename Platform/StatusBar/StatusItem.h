@@ -67,6 +67,10 @@ public:
     /// One line of plain text.
     void setToolTip(QString toolTip, Urgency urgency = Urgency::routine);
 
+    /// Says what is wrong with what the item shows, at once: text and icon are drawn faintly where
+    /// this program draws them, and the tooltip tells it. Absent: nothing is wrong.
+    void setNotice(std::optional<QString> notice);
+
     /// Must be called in the turn of the event loop in which the item was made, if at all. The ids
     /// of entries that are no separators must differ.
     void setMenu(std::vector<MenuEntry> entries);

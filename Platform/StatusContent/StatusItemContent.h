@@ -6,13 +6,20 @@
 #include "Platform/StatusContent/AttributedTitle.h"
 #include "Platform/StatusContent/StatusItemImage.h"
 
+#include <QString>
+
+#include <optional>
+
 namespace platform {
 
 /// Everything that a status item shows at one moment.
 struct StatusItemContent {
-    StatusItemImage image;
-    AttributedTitle title;
-    QString toolTip;
+    StatusItemImage image = {};
+    AttributedTitle title = {};
+    QString toolTip = {};
+    /// What is wrong with what the item shows, which is then drawn faintly; absent where nothing
+    /// is.
+    std::optional<QString> notice = {};
 
     bool operator==(const StatusItemContent&) const = default;
 };

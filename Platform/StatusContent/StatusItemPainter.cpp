@@ -47,7 +47,7 @@ StatusItemColors StatusItemColors::with(const QColor& text) {
 }
 
 StatusItemPainter::StatusItemPainter(const StatusItemContent& content, int height)
-    : icon_(content.image) {
+    : icon_(content.image), isFaint_(content.notice.has_value()) {
     double x = 0;
     if (icon_.isShown && !icon_.renderings.empty()) {
         const int side = std::min(iconSide, height);
@@ -78,6 +78,8 @@ double StatusItemPainter::addRun(const AttributedTitle::Run& run, double x) {
 }
 
 void StatusItemPainter::paint(QPainter& painter, const StatusItemColors& colors) const {
+    constexpr double faintness = 0.45;
+    painter.setOpacity(isFaint_ ? faintness : 1);
     if (!iconPlace_.isEmpty()) {
         const double scale = painter.device()->devicePixelRatioF();
         painter.drawImage(QRectF(iconPlace_), icon_.atSize(qRound(iconPlace_.width() * scale)));

@@ -67,6 +67,7 @@ private:
     double addRun(const AttributedTitle::Run& run, double x);
 
     StatusItemImage icon_;
+    bool isFaint_ = false;
     QRect iconPlace_; ///< empty without an icon
     std::vector<Piece> pieces_;
     double baseline_ = 0;

@@ -69,7 +69,7 @@ QVariantMap StatusNotifierObject::properties() const {
         {QStringLiteral("AttentionAccessibleDesc"), QString()},
         {QStringLiteral("AttentionMovieName"), QString()},
         {QStringLiteral("ToolTip"),
-         QVariant::fromValue(NotifierToolTip{{}, {}, state_.toolTip, {}})},
+         QVariant::fromValue(NotifierToolTip{{}, {}, state_.toolTip, state_.toolTipBody})},
         {QStringLiteral("ItemIsMenu"), false},
         {QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menuPath))},
         {QStringLiteral("XAyatanaOrderingIndex"), 0U},
@@ -92,7 +92,7 @@ QList<QDBusMessage> StatusNotifierObject::setState(StatusNotifierState state) {
     if (state_.label != previous.label || state_.labelGuide != previous.labelGuide)
         changes += signalMessage(path, QStringLiteral("XAyatanaNewLabel"),
                                  {state_.label, state_.labelGuide});
-    if (state_.toolTip != previous.toolTip)
+    if (state_.toolTip != previous.toolTip || state_.toolTipBody != previous.toolTipBody)
         changes += signalMessage(path, QStringLiteral("NewToolTip"));
     return changes;
 }

@@ -28,6 +28,7 @@ QString guideOf(QString label) {
 StatusNotifierState StatusNotifierRendering::render(const StatusItemContent& content,
                                                     bool isForNewPanel) {
     state_.toolTip = content.toolTip;
+    state_.toolTipBody = content.notice.value_or(QString());
     if (style_ == Style::wideImage) {
         state_.iconPixmaps = wideImages(content);
         return state_;

@@ -18,6 +18,7 @@ struct StatusNotifierState {
     QString labelGuide;
 
     QString toolTip;
+    QString toolTipBody; ///< below it; empty where there is none
 
     /// The absolute path of an image file; empty when there is none.
     QString iconName;

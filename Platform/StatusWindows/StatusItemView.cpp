@@ -36,8 +36,10 @@ StatusItemView::StatusItemView(const StatusItemIdentity& identity, StatusItemEve
 void StatusItemView::setContent(const StatusItemContent& content) {
     painter_.emplace(content, lineHeight);
     setAccessibleName(content.toolTip);
+    setAccessibleDescription(content.notice.value_or(QString()));
     // The text need not be told to somebody who is looking at it.
-    setToolTip(content.title.plainText().isEmpty() ? content.toolTip : QString());
+    const bool isText = !content.title.plainText().isEmpty();
+    setToolTip(content.notice.value_or(isText ? QString() : content.toolTip));
     const QSize size = painter_->size().grownBy(inset_);
     if (size != this->size())
         takeRoom(size);

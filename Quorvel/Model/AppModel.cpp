@@ -37,6 +37,7 @@ std::unique_ptr<FilePersistence> makePersistence(const platform::FileManager& fi
 AppModel::AppModel(Collaborators collaborators)
     : clock_(collaborators.clock),
       workspace_(collaborators.workspace),
+      feed_(collaborators.feed),
       quotes_(clock_),
       settings_(collaborators.settings),
       launchAtLogin_(std::move(collaborators.loginService)),
@@ -49,6 +50,7 @@ AppModel::AppModel(Collaborators collaborators)
       candleLoader_(candles_, *provider_, clock_) {
     connect(&quotes_, &QuoteStore::lastUpdateAtChanged, this,
             [this] { lastUpdateUptime_ = clock_.uptime(); });
+    connect(&feed_, &FeedStatus::recovered, this, &AppModel::catchUp);
 }
 
 AppModel::~AppModel() = default;
@@ -68,6 +70,17 @@ Task<> AppModel::start() {
 
 Task<> AppModel::loadAndSubscribe() {
     co_await loadAvailableSymbols();
+    co_await refreshSubscriptions();
+}
+
+void AppModel::catchUp() {
+    if (streamTask_)
+        refreshes_.start(loadWhatIsMissing());
+}
+
+Task<> AppModel::loadWhatIsMissing() {
+    if (availableSymbols_.value().empty() && !startUpTask_.isRunning())
+        co_await loadAvailableSymbols();
     co_await refreshSubscriptions();
 }
 
@@ -178,6 +191,7 @@ void AppModel::restartRotation() {
 }
 
 void AppModel::handleQuote(const Quote& quote) {
+    feed_.notePrice(quote.symbol);
     const auto previous = quotes_.applyReturningPrevious(quote);
     const platform::Date now = clock_.now();
     auto fired = AlertEngine::triggeredRules(previous, quote, alerts_.rules(), now);

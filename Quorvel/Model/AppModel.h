@@ -11,6 +11,7 @@
 #include "Quorvel/Model/CandleLoader.h"
 #include "QuorvelKit/Alerts/AlertStore.h"
 #include "QuorvelKit/Alerts/NotificationCoordinator.h"
+#include "QuorvelKit/MarketData/FeedStatus.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 #include "QuorvelKit/Services/LaunchAtLoginController.h"
 #include "QuorvelKit/Services/SleepWakeObserver.h"
@@ -54,6 +55,7 @@ public:
     /// What the model works with. What is referred to outlives it.
     struct Collaborators {
         std::unique_ptr<MarketDataProvider> provider;
+        FeedStatus& feed;
         SettingsStore& settings;
         std::unique_ptr<NotificationDelivering> delivering;
         std::unique_ptr<LaunchAtLoginManaging> loginService;
@@ -71,6 +73,7 @@ public:
     platform::Date now() const { return clock_.now(); }
     platform::Clock& clock() { return clock_; }
 
+    FeedStatus& feed() { return feed_; }
     QuoteStore& quotes() { return quotes_; }
     CandleCache& candles() { return candles_; }
     WatchlistStore& watchlist() { return watchlist_; }
@@ -113,6 +116,9 @@ public:
     /// Tells the stream which pairs the watchlist has, and takes a snapshot of them.
     platform::Task<> refreshSubscriptions();
 
+    /// Asks once more for what could not be had. Does nothing before `start` and after `stop`.
+    void catchUp();
+
     /// Puts a pair on the watchlist, clears the search and begins the rotation anew.
     void addSymbol(const Symbol& symbol);
 
@@ -151,6 +157,7 @@ Q_SIGNALS:
 
 private:
     platform::Task<> loadAndSubscribe();
+    platform::Task<> loadWhatIsMissing();
     void observeSleep();
     /// Drops the stream; `assertion` delays sleep until that is done.
     platform::Task<> fallAsleep(platform::SleepAssertion assertion);
@@ -167,6 +174,7 @@ private:
 
     platform::Clock& clock_;
     platform::Workspace& workspace_;
+    FeedStatus& feed_;
     QuoteStore quotes_;
     CandleCache candles_;
     SettingsStore& settings_;

@@ -7,6 +7,7 @@
 #include "Platform/Controls/ControlStyle.h"
 #include "Platform/Controls/Divider.h"
 #include "Platform/Foundation/StringTable.h"
+#include "Quorvel/Model/FeedTexts.h"
 #include "Quorvel/Panel/AccessibleWatchlistRow.h"
 #include "Quorvel/Panel/WatchlistList.h"
 
@@ -108,7 +109,11 @@ void WatchlistPanel::addWatchlist(QVBoxLayout& top, QVBoxLayout& sections) {
 
 void WatchlistPanel::addMessages(QVBoxLayout& layout) {
     persistError_ = addMessage(layout, Label::Tone::error, smallCaptionSize);
+    outage_ = addMessage(layout, Label::Tone::warning, captionSize);
     loadError_ = addMessage(layout, Label::Tone::secondary, captionSize);
+    tryAgain_ = makeButton(localized("Quorvel", "Try Again"), "tryAgain");
+    layout.addWidget(tryAgain_, 0, Qt::AlignLeft);
+    connect(tryAgain_, &QPushButton::clicked, &model_, &AppModel::catchUp);
     hint_ = addMessage(layout, Label::Tone::tertiary, smallCaptionSize);
 }
 
@@ -145,6 +150,7 @@ void WatchlistPanel::followModel() {
     connect(&model_.watchlist(), &WatchlistStore::lastPersistErrorChanged, this,
             &WatchlistPanel::refreshMessages);
     connect(&model_, &AppModel::loadErrorChanged, this, &WatchlistPanel::refreshMessages);
+    connect(&model_.feed(), &FeedStatus::outageChanged, this, &WatchlistPanel::refreshMessages);
 }
 
 void WatchlistPanel::refreshWarning() {
@@ -167,7 +173,11 @@ void WatchlistPanel::refreshMessages() {
     list_->setVisible(pairs > 0);
     list_->updateGeometry();
     persistError_->setMessage(model_.watchlist().lastPersistError());
+    const auto& outage = model_.feed().outage();
+    outage_->setMessage(outage ? std::optional(FeedTexts::notice(*outage, model_.now()))
+                               : std::nullopt);
     loadError_->setMessage(model_.loadError());
+    tryAgain_->setVisible(outage || model_.loadError());
     hint_->setMessage(when(pairs >= 2, localized("Quorvel", "Right-click a coin to reorder")));
 }
 
@@ -190,6 +200,8 @@ bool WatchlistPanel::focusNextPrevChild(bool isNext) {
         stops.push_back(row);
         stops.push_back(&row->removeButton());
     }
+    if (tryAgain_->isVisible())
+        stops.push_back(tryAgain_);
     stops.insert(stops.end(), {settings_, quit_});
     const auto found = std::ranges::find(stops, focusWidget());
     const std::size_t here = found == stops.end() ? 0 : std::size_t(found - stops.begin());

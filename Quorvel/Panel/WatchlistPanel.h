@@ -70,7 +70,9 @@ private:
     WatchlistRows* rows_ = nullptr;
     WatchlistList* list_ = nullptr;
     platform::Label* persistError_ = nullptr;
+    platform::Label* outage_ = nullptr;
     platform::Label* loadError_ = nullptr;
+    QPushButton* tryAgain_ = nullptr;
     platform::Label* hint_ = nullptr;
     QPushButton* settings_ = nullptr;
     QPushButton* quit_ = nullptr;

@@ -9,6 +9,7 @@
 #include "Platform/Appearance/SystemFonts.h"
 #include "Platform/Controls/ControlMarks.h"
 #include "Platform/Foundation/StringTable.h"
+#include "Quorvel/Model/FeedTexts.h"
 #include "Quorvel/Model/PriceColors.h"
 #include "Quorvel/Panel/FittedText.h"
 #include "Quorvel/Panel/RowMenu.h"
@@ -101,7 +102,10 @@ std::optional<WatchlistRow::ShownQuote> WatchlistRow::currentQuote() const {
     const Quote* const quote = model_.quotes().quote(symbol_);
     if (!quote)
         return std::nullopt;
-    return ShownQuote{quote->lastPrice, quote->changePercent24h, model_.quotes().isStale()};
+    using enum FeedStatus::Pair;
+    const auto pair = model_.feed().of(symbol_);
+    return ShownQuote{quote->lastPrice, quote->changePercent24h,
+                      model_.quotes().isStale() || pair == notLive, pair != untraded};
 }
 
 void WatchlistRow::refreshQuote() {
@@ -119,6 +123,8 @@ bool WatchlistRow::hasEnabledAlert() const {
 QString WatchlistRow::spokenName() const {
     const QString pair = QString::fromStdString(symbol_.id());
     const auto quote = currentQuote();
+    if (!isTraded())
+        return localized("Quorvel", "%1, not traded").arg(pair);
     if (!quote)
         return localized("Quorvel", "%1, no price yet").arg(pair);
     QString name = QStringLiteral("%1, %2, %3")
@@ -133,16 +139,32 @@ QString WatchlistRow::spokenDescription() const {
         marks += localized("Quorvel", "Pinned to menu bar");
     if (hasEnabledAlert())
         marks += localized("Quorvel", "Alert set");
+    if (const QString about = priceText(); !about.isEmpty())
+        marks += about;
     return marks.join(QStringLiteral(", "));
 }
 
 bool WatchlistRow::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* const help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), cutTexts(), this);
+        QToolTip::showText(help->globalPos(), toolTipText(), this);
         return true;
     }
     return QWidget::event(event);
+}
+
+bool WatchlistRow::isTraded() const {
+    return model_.feed().of(symbol_) != FeedStatus::Pair::untraded;
+}
+
+QString WatchlistRow::priceText() const {
+    return FeedTexts::price(model_.feed(), symbol_, model_.now());
+}
+
+QString WatchlistRow::toolTipText() const {
+    QStringList lines{cutTexts(), priceText()};
+    lines.removeAll(QString());
+    return lines.join(u'\n');
 }
 
 QString WatchlistRow::cutTexts() const {
@@ -305,6 +327,13 @@ void WatchlistRow::paintQuote(QPainter& painter) {
     const double right = column.right() + 1;
     painted_ = currentQuote();
     painter.setFont(priceFont());
+    if (!isTraded()) {
+        painter.setFont(platform::systemFont(changeSize));
+        painter.setPen(colors.secondaryLabel);
+        painter.drawText(column, Qt::AlignRight | Qt::AlignVCenter,
+                         localized("Quorvel", "Not traded"));
+        return;
+    }
     if (!painted_) {
         painter.setPen(colors.secondaryLabel);
         painter.drawText(column, Qt::AlignRight | Qt::AlignVCenter, noPrice);

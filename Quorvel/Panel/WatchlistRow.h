@@ -77,7 +77,8 @@ private:
     struct ShownQuote {
         Decimal lastPrice;
         Decimal changePercent24h;
-        bool isStale;
+        bool isStale; ///< or otherwise not live
+        bool isTraded;
 
         bool operator==(const ShownQuote&) const = default;
     };
@@ -86,6 +87,9 @@ private:
     bool hasEnabledAlert() const;
     void setHovering(bool isHovering);
     void showRemoveButton();
+    bool isTraded() const;
+    QString priceText() const;
+    QString toolTipText() const;
     QString cutTexts() const;
     double nameRoom() const;
     QRect nameColumn() const;

@@ -34,6 +34,8 @@ void WatchlistRows::followStores() {
     });
     connect(&model_.quotes(), &QuoteStore::quotesChanged, this, &WatchlistRows::refreshQuote);
     connect(&model_.quotes(), &QuoteStore::isStaleChanged, this, &WatchlistRows::repaintRows);
+    connect(&model_.feed(), &FeedStatus::outageChanged, this, &WatchlistRows::repaintRows);
+    connect(&model_.feed(), &FeedStatus::tradedChanged, this, &WatchlistRows::repaintRows);
     connect(&model_.alerts(), &AlertStore::rulesChanged, this, &WatchlistRows::repaintRows);
     connect(&model_.settings(), &SettingsStore::displayChanged, this, &WatchlistRows::repaintRows);
 }

@@ -267,5 +267,53 @@
         <source>Quorvel Settings</source>
         <translation>Quorvel 设置</translation>
     </message>
+    <message>
+        <source>Not traded</source>
+        <translation>未交易</translation>
+    </message>
+    <message>
+        <source>%1, not traded</source>
+        <translation>%1，未交易</translation>
+    </message>
+    <message>
+        <source>Not traded on the exchange</source>
+        <translation>交易所不交易此币种</translation>
+    </message>
+    <message>
+        <source>Price of %1</source>
+        <translation>价格时间 %1</translation>
+    </message>
+    <message>
+        <source>No connection since %1</source>
+        <translation>自 %1 起无连接</translation>
+    </message>
+    <message>
+        <source>Next try at %1</source>
+        <translation>下次尝试：%1</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>The exchange does not serve this place.</source>
+        <translation>交易所不向此地区提供服务。</translation>
+    </message>
+    <message>
+        <source>The exchange refuses requests from this network.</source>
+        <translation>交易所拒绝来自此网络的请求。</translation>
+    </message>
+    <message>
+        <source>The exchange has banned this network for a time.</source>
+        <translation>交易所已暂时封禁此网络。</translation>
+    </message>
+    <message>
+        <source>The exchange asks for a pause: too many requests came from this network.</source>
+        <translation>交易所要求暂停：来自此网络的请求过多。</translation>
+    </message>
+    <message>
+        <source>The exchange refuses the connection.</source>
+        <translation>交易所拒绝连接。</translation>
+    </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 
 #include "Platform/Foundation/StringTable.h"
 #include "Platform/StatusNotifier/StatusItemIconFile.h"
+#include "Quorvel/Model/FeedTexts.h"
 #include "Quorvel/Settings/SettingsWindow.h"
 #include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
@@ -13,6 +14,7 @@
 #include "Quorvel/Shell/StatusTitle.h"
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
 #include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
+#include "QuorvelKit/MarketData/ResilientProvider.h"
 #include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 
 #include <QCoreApplication>
@@ -27,13 +29,31 @@ using platform::StatusItem;
 
 namespace {
 
-std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment& environment) {
-    if (environment.makeProvider)
-        return environment.makeProvider();
-    const auto endpoints = ExchangeEndpoints::fromDefaults(
-        environment.defaults,
-        {BinanceProvider::defaultRESTURL(), BinanceProvider::defaultStreamURL()});
-    return BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream);
+std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment& environment,
+                                                 platform::Workspace& workspace, FeedStatus& feed) {
+    auto [events, writer] = platform::AsyncStream<ConnectionEvent>::make();
+    const ConnectionReports reports{.events = std::move(writer)};
+    std::unique_ptr<MarketDataProvider> provider;
+    std::function<void()> renew;
+    if (environment.makeProvider) {
+        provider = environment.makeProvider(reports);
+    } else {
+        const auto endpoints = ExchangeEndpoints::fromDefaults(
+            environment.defaults,
+            {BinanceProvider::defaultRESTURL(), BinanceProvider::defaultStreamURL()});
+        auto live =
+            BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream, reports);
+        renew = [exchange = live.get()] { exchange->renew(); };
+        provider = std::move(live);
+    }
+    return std::make_unique<ResilientProvider>(
+        ResilientProvider::Collaborators{.provider = std::move(provider),
+                                         .renew = std::move(renew),
+                                         .events = std::move(events),
+                                         .lastHeard = reports.lastHeard,
+                                         .sleepCenter = workspace.notificationCenter(),
+                                         .clock = environment.clock,
+                                         .status = feed});
 }
 
 platform::NotificationSender notificationSender(const QString& iconDirectory) {
@@ -73,7 +93,9 @@ AppDelegate::AppDelegate(const Environment& environment)
       notificationCenter_(notificationSender(environment.iconDirectory), environment.sessionBus,
                           environment.clock),
       workspace_(workspaceProgram(), environment.systemBus, environment.clock),
-      model_({.provider = makeProvider(environment),
+      feed_(environment.clock),
+      model_({.provider = makeProvider(environment, workspace_, feed_),
+              .feed = feed_,
               .settings = settings_,
               .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
               .loginService = std::make_unique<SystemLaunchAtLoginService>(
@@ -93,6 +115,12 @@ void AppDelegate::applicationDidFinishLaunching() {
             [this] { updateStatusItem(StatusItem::Urgency::routine); });
     connect(&settings_, &SettingsStore::displayChanged, this,
             [this] { updateStatusItem(StatusItem::Urgency::immediate); });
+    connect(&feed_, &FeedStatus::outageChanged, this,
+            [this] { updateStatusItem(StatusItem::Urgency::immediate); });
+    // The model follows the watchlist within this event.
+    connect(
+        &model_.watchlist(), &WatchlistStore::itemsChanged, this,
+        [this] { updateStatusItem(StatusItem::Urgency::immediate); }, Qt::QueuedConnection);
     connect(&model_, &AppModel::relaunchRequested, this, [this] {
         isRelaunching_ = true;
         terminate();
@@ -196,8 +224,12 @@ void AppDelegate::updateStatusItem(StatusItem::Urgency urgency) {
     const auto title = statusTitle(segments, settings_.display());
     const QString text = title.plainText();
     // Without any text the icon is all there is, so it shows whatever the setting says.
+    const auto& outage = feed_.outage();
     statusItem_->setImage(
-        StatusIcon::statusItemImage(segments.empty() || settings_.display().showsIcon));
+        outage ? StatusIcon::crossedImage()
+               : StatusIcon::statusItemImage(segments.empty() || settings_.display().showsIcon));
+    statusItem_->setNotice(outage ? std::optional(FeedTexts::notice(*outage, model_.now()))
+                                  : std::nullopt);
     statusItem_->setTitle(title, urgency);
     statusItem_->setToolTip(text.isEmpty() ? QStringLiteral("Quorvel") : text, urgency);
 }

@@ -16,6 +16,8 @@
 #include "Quorvel/Model/AppModel.h"
 #include "Quorvel/Panel/WatchlistPanel.h"
 #include "Quorvel/Shell/ApplicationAppearance.h"
+#include "QuorvelKit/MarketData/ConnectionEvent.h"
+#include "QuorvelKit/MarketData/FeedStatus.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
 #include <QDBusConnection>
@@ -35,7 +37,9 @@ class AppDelegate : public QObject {
     Q_OBJECT
 
 public:
-    using ProviderFactory = std::function<std::unique_ptr<MarketDataProvider>()>;
+    /// What makes the provider that talks to the exchange; it may report of its connection.
+    using ProviderFactory =
+        std::function<std::unique_ptr<MarketDataProvider>(const ConnectionReports&)>;
 
     /// Where the program runs. What is referred to outlives the delegate.
     struct Environment {
@@ -101,6 +105,7 @@ private:
     platform::InstalledTables tables_; // before the model, which may have something to say
     platform::UserNotificationCenter notificationCenter_;
     platform::Workspace workspace_;
+    FeedStatus feed_;
     AppModel model_;
     ApplicationAppearance appearance_;
     std::unique_ptr<platform::StatusItem> statusItem_;

@@ -45,6 +45,24 @@ void draw(QPainter& painter, const Candle& candle) {
     painter.drawRoundedRect(body, bodyRadius, bodyRadius);
 }
 
+/// Draws a stroke over the picture, set off by a gap: it has to be seen on any panel.
+void cross(QImage& image) {
+    constexpr double inset = 1.4;
+    constexpr double gapWidth = 3.6;
+    constexpr double strokeWidth = 1.6;
+    constexpr QColor stroke{255, 149, 0};
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(image.width() / StatusIcon::side, image.height() / StatusIcon::side);
+    const QLineF line(inset, StatusIcon::side - inset, StatusIcon::side - inset, inset);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.setPen(QPen(Qt::black, gapWidth, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(line);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setPen(QPen(stroke, strokeWidth, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(line);
+}
+
 } // namespace
 
 QImage StatusIcon::image(int pixelSize, double devicePixelRatio) {
@@ -60,6 +78,13 @@ QImage StatusIcon::image(int pixelSize, double devicePixelRatio) {
     }
     image.setDevicePixelRatio(devicePixelRatio);
     return image;
+}
+
+platform::StatusItemImage StatusIcon::crossedImage() {
+    platform::StatusItemImage crossed = statusItemImage(true);
+    for (QImage& rendering : crossed.renderings)
+        cross(rendering);
+    return crossed;
 }
 
 platform::StatusItemImage StatusIcon::statusItemImage(bool isShown) {

@@ -21,6 +21,9 @@ struct StatusIcon {
 
     /// The icon at the sizes that panels ask for.
     static platform::StatusItemImage statusItemImage(bool isShown);
+
+    /// The icon crossed out, which says that prices are not live.
+    static platform::StatusItemImage crossedImage();
 };
 
 } // namespace quorvel

@@ -4,10 +4,12 @@
 #pragma once
 
 #include "Platform/Async/FutureAwaiter.h"
+#include "QuorvelKit/MarketData/HTTPTransportError.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 
 #include <QPromise>
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <stdexcept>
@@ -23,6 +25,8 @@ public:
     std::vector<std::string> calls;
     /// What a snapshot brings; a failure where absent.
     std::optional<std::vector<quorvel::Quote>> snapshotQuotes = std::vector<quorvel::Quote>();
+    /// A pair that makes the exchange refuse a whole snapshot.
+    std::string refusedBase;
     /// Finished by the test: with pairs, or with an exception.
     QPromise<std::vector<quorvel::Symbol>> pairs;
 
@@ -44,6 +48,8 @@ public:
         note("snapshot", symbols);
         if (heldSnapshot)
             co_await heldSnapshot->future();
+        if (std::ranges::find(symbols, refusedBase, &quorvel::Symbol::base) != symbols.end())
+            throw quorvel::HTTPTransportError::requestFailed(400);
         if (!snapshotQuotes)
             throw std::runtime_error("no snapshot");
         co_return *snapshotQuotes;

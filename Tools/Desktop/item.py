@@ -64,6 +64,11 @@ class Item:
         found = self.read("ToolTip")
         return found and found[2]
 
+    def notice(self):
+        """What the tooltip tells below its title; empty where nothing is wrong."""
+        found = self.read("ToolTip")
+        return found and found[3]
+
     def text(self):
         """The status text; where an item carries no label, the tooltip's title says the same."""
         return self.label() or self.tooltip()

@@ -38,6 +38,7 @@ public:
         model_ = std::make_unique<AppModel>(AppModel::Collaborators{
             .provider = BinanceProvider::live(clock_, QUrl(QStringLiteral("http://127.0.0.1:9")),
                                               QUrl(QStringLiteral("ws://127.0.0.1:9/stream"))),
+            .feed = feed_,
             .settings = settings_,
             .delivering = std::make_unique<test::ScriptedDelivering>(),
             .loginService = std::make_unique<SystemLaunchAtLoginService>(
@@ -97,6 +98,7 @@ private:
 
     QTemporaryDir directory_;
     platform::SystemClock clock_;
+    FeedStatus feed_{clock_};
     platform::FileManager files_{path("share"), path("tmp")};
     platform::UserDefaults defaults_{path("Quorvel.conf")};
     SettingsStore settings_{defaults_};

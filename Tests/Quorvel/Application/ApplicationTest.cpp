@@ -16,6 +16,7 @@ using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::StartsWith;
 
 namespace {
@@ -190,7 +191,8 @@ TEST_F(Application, AddsWhatIsSearchedFor) {
     EXPECT_THAT(app.savedPairs(), ElementsAre("BTC", "SOL"));
     EXPECT_FALSE(user.find(u"Add SOLV"_s));
     EXPECT_TRUE(user.find(u"SOLUSDT"_s));
-    EXPECT_THAT(app.exchange().calls, Contains("snapshot BTC SOL"));
+    app.pass(300ms);
+    EXPECT_EQ(app.exchange().calls.back(), "snapshot BTC SOL") << "neither has a price yet";
     app.quote("SOL", "150");
     EXPECT_TRUE(user.find(u"SOLUSDT, 150.00"_s));
 }
@@ -348,7 +350,65 @@ TEST_F(Application, HoldsSleepUpUntilTheStreamIsDropped) {
     EXPECT_TRUE(test::waitUntil([&] { return app.loginManager().heldLocks() == 0; }));
     app.exchange().heldSubscription.reset();
     app.loginManager().announce(false);
-    EXPECT_TRUE(test::waitUntil([&] { return app.exchange().calls.back() == "snapshot BTC ETH"; }));
+    EXPECT_TRUE(
+        test::waitUntil([&] { return app.exchange().calls.back() == "subscribe BTC ETH"; }));
+    app.pass(300ms);
+    EXPECT_EQ(app.exchange().calls.back(), "snapshot BTC ETH") << "of what was missed";
+}
+
+TEST_F(Application, SaysSinceWhenAndWhyPricesAreNotLive) {
+    using Kind = quorvel::ConnectionEvent::Kind;
+    app.havePreferences("display.showsIcon=false");
+    launch();
+    auto user = app.openPanel();
+    app.report({.kind = Kind::opened});
+    const auto live = app.icon();
+    for (int minute = 0; minute < 60; ++minute) {
+        app.pass(1min);
+        app.report({.kind = Kind::opened}); // and no trade
+    }
+    EXPECT_FALSE(app.isOutageShown()) << "quiet is not dead";
+    app.report({.kind = Kind::lost, .reason = u"Connection refused"_s});
+    app.pass(4s);
+    EXPECT_FALSE(app.isOutageShown()) << "it may be back at once";
+    app.pass(2s);
+    EXPECT_THAT(user.texts(), Contains(app.toolTipBody().toStdString()));
+    EXPECT_THAT(app.toolTipBody().toStdString(), StartsWith("No connection since "));
+    EXPECT_THAT(app.toolTipBody().toStdString(), EndsWith("\nConnection refused"));
+    EXPECT_NE(app.icon(), live) << "crossed, also where the icon is switched off";
+    EXPECT_EQ(app.label(), "ETH 3,500.00 -2.00% ▼") << "as ever";
+    app.exchange().calls.clear();
+    user.press(u"Try Again"_s);
+    app.pass(300ms);
+    EXPECT_THAT(app.exchange().calls, ElementsAre("snapshot BTC ETH"));
+    app.report({.kind = Kind::refused, .status = 451});
+    EXPECT_THAT(user.texts(), Contains(EndsWith("\nThe exchange does not serve this place.")));
+    app.report({.kind = Kind::opened});
+    EXPECT_FALSE(app.isOutageShown());
+    EXPECT_FALSE(user.find(u"Try Again"_s));
+    EXPECT_EQ(app.icon(), live);
+    app.pass(16s);
+    app.pass(5s);
+    EXPECT_TRUE(app.isOutageShown()) << "open, and mute";
+}
+
+TEST_F(Application, ShowsNoOldPriceOfAPairThatIsNotTraded) {
+    app.haveWatchlist({"BTC", "HALTED"});
+    app.launch({"BTC"});
+    app.quote("HALTED", "7");
+    auto user = app.openPanel();
+    EXPECT_TRUE(user.find(u"HALTEDUSDT, not traded"_s));
+    EXPECT_TRUE(user.find(u"BTCUSDT, no price yet"_s));
+    EXPECT_FALSE(user.find(u"HALTEDUSDT, 7"_s));
+}
+
+TEST_F(Application, ShowsChangesOfTheWatchlistInTheItemAtOnce) {
+    app.havePreferences("display.mode=sideBySide");
+    launch();
+    auto user = app.openPanel();
+    user.press(u"Remove BTC"_s);
+    app.pass(0s);
+    EXPECT_EQ(app.label(), "ETH 3,500.00 -2.00% ▼");
 }
 
 /// The ways to quit.

@@ -4,6 +4,7 @@
 #include "Tests/Quorvel/Application/ComposedApplication.h"
 
 #include "Platform/StatusNotifier/DBusMenuTypes.h"
+#include "Platform/StatusNotifier/StatusNotifierTypes.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QApplication>
@@ -77,7 +78,8 @@ void ComposedApplication::launch(std::initializer_list<const char*> pairs) {
                                  .autostartDirectory = path("autostart"),
                                  .sessionBus = programsBus_,
                                  .systemBus = bus_.connect(),
-                                 .makeProvider = [this] {
+                                 .makeProvider = [this](const ConnectionReports& reports) {
+                                     reports_ = reports;
                                      auto provider = std::make_unique<ScriptedProvider>();
                                      provider_ = provider.get();
                                      return provider;
@@ -104,6 +106,17 @@ void ComposedApplication::quote(const char* base, const char* price, const char*
     EXPECT_TRUE(provider_->push({pair(base), *Decimal::fromAPIString(price),
                                  *Decimal::fromAPIString(change), clock_.now()}));
     drainEvents();
+}
+
+void ComposedApplication::report(const ConnectionEvent& event) {
+    if (event.kind != ConnectionEvent::Kind::lost)
+        reports_.lastHeard->store(clock_.uptime().count());
+    reports_.events.push(event);
+    settle();
+}
+
+QString ComposedApplication::toolTipBody() {
+    return qdbus_cast<platform::NotifierToolTip>(itemProperties()[QStringLiteral("ToolTip")]).body;
 }
 
 void ComposedApplication::pass(std::chrono::nanoseconds time) {

@@ -47,6 +47,9 @@ public:
     /// The stream brings a price and the change in percent.
     void quote(const char* base, const char* price, const char* change = "1");
 
+    /// The exchange's connection tells what became of it; the other side is heard but for a loss.
+    void report(const quorvel::ConnectionEvent& event);
+
     void pass(std::chrono::nanoseconds time);
 
     /// What the user does to the item in the panel; its entries by their texts.
@@ -58,6 +61,12 @@ public:
 
     /// The icon as panels that read files show it.
     QImage icon();
+
+    /// What the item's tooltip tells below its first line.
+    QString toolTipBody();
+
+    /// Whether the item says that prices are not live.
+    bool isOutageShown() { return !toolTipBody().isEmpty(); }
 
     /// Windows that are to be seen; throws where one is not.
     bool isPanelOpen() const { return findWindow("Quorvel", false) != nullptr; }
@@ -112,6 +121,7 @@ private:
     std::unique_ptr<FakeNotificationService> notifications_;
     std::unique_ptr<FakeLoginManager> loginManager_;
     std::unique_ptr<platform::UserDefaults> defaults_;
+    quorvel::ConnectionReports reports_;
     ScriptedProvider* provider_ = nullptr; ///< the model's
     std::unique_ptr<quorvel::AppDelegate> delegate_;
     QWidget otherProgram_;

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#include "Quorvel/Model/FeedTexts.h"
+
+#include "Platform/Foundation/StringTable.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+namespace quorvel {
+
+using platform::Date;
+using platform::localized;
+
+namespace {
+
+QDateTime localTime(Date date) {
+    const auto sinceEpoch = platform::timeIntervalSince1970(date);
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(sinceEpoch.count() * 1000));
+}
+
+QString refusal(int status) {
+    switch (status) {
+    case 451:
+        return localized("Quorvel", "The exchange does not serve this place.");
+    case 403:
+        return localized("Quorvel", "The exchange refuses requests from this network.");
+    case 418:
+        return localized("Quorvel", "The exchange has banned this network for a time.");
+    case 429:
+        return localized("Quorvel", "The exchange asks for a pause: too many requests came from "
+                                    "this network.");
+    default:
+        return localized("Quorvel", "The exchange refuses the connection.");
+    }
+}
+
+} // namespace
+
+QString FeedTexts::time(Date date, Date now) {
+    const QDateTime local = localTime(date);
+    const QLocale locale = QLocale::system();
+    return local.date() == localTime(now).date()
+               ? locale.toString(local.time(), QLocale::ShortFormat)
+               : locale.toString(local, QLocale::ShortFormat);
+}
+
+QString FeedTexts::headline(const FeedStatus::Outage& outage, Date now) {
+    return localized("Quorvel", "No connection since %1").arg(time(outage.since, now));
+}
+
+QString FeedTexts::reason(const FeedStatus::Outage& outage, Date now) {
+    QString text = outage.status != 0 ? refusal(outage.status) : outage.reason;
+    if (outage.until) {
+        text += text.isEmpty() ? QString() : QStringLiteral(" ");
+        text += localized("Quorvel", "Next try at %1").arg(time(*outage.until, now));
+    }
+    return text;
+}
+
+QString FeedTexts::notice(const FeedStatus::Outage& outage, Date now) {
+    const QString why = reason(outage, now);
+    return headline(outage, now) + (why.isEmpty() ? QString() : u'\n' + why);
+}
+
+QString FeedTexts::price(const FeedStatus& feed, const Symbol& symbol, Date now) {
+    if (feed.of(symbol) == FeedStatus::Pair::untraded)
+        return localized("Quorvel", "Not traded on the exchange");
+    const auto arrival = feed.pricedAt(symbol);
+    return arrival ? localized("Quorvel", "Price of %1").arg(time(*arrival, now)) : QString();
+}
+
+} // namespace quorvel

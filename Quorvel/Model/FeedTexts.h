@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 the Quorvel developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "QuorvelKit/MarketData/FeedStatus.h"
+
+#include <QString>
+
+namespace quorvel {
+
+/// What the feed's status is in words, in the interface language.
+struct FeedTexts {
+    /// A time of today as the user's clock shows it, of another day with the day before it.
+    static QString time(platform::Date date, platform::Date now);
+
+    /// Since when there is no connection.
+    static QString headline(const FeedStatus::Outage& outage, platform::Date now);
+
+    /// Why, and until when as far as that is known; empty where nothing is.
+    static QString reason(const FeedStatus::Outage& outage, platform::Date now);
+
+    /// Both, one below the other.
+    static QString notice(const FeedStatus::Outage& outage, platform::Date now);
+
+    /// What is to be known of a pair's price besides its number: when it came, and what is wrong
+    /// with it; empty before the first.
+    static QString price(const FeedStatus& feed, const Symbol& symbol, platform::Date now);
+};
+
+} // namespace quorvel
