@@ -29,7 +29,8 @@ struct Stored {
 
 } // namespace
 
-UserDefaults::UserDefaults(const QString& path) : settings_(path, QSettings::IniFormat) {}
+UserDefaults::UserDefaults(const QString& path)
+    : settings_(std::make_unique<QSettings>(path, QSettings::IniFormat)) {}
 
 QString UserDefaults::standardPath(const QString& name) {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + name +
@@ -37,11 +38,11 @@ QString UserDefaults::standardPath(const QString& name) {
 }
 
 bool UserDefaults::hasObject(const QString& key) const {
-    return settings_.contains(key);
+    return settings_->contains(key);
 }
 
 std::optional<QString> UserDefaults::string(const QString& key) const {
-    const QVariant value = settings_.value(key);
+    const QVariant value = settings_->value(key);
     if (!value.isValid() || value.metaType().id() != QMetaType::QString)
         return std::nullopt;
     return value.toString();
@@ -77,28 +78,32 @@ bool UserDefaults::boolean(const QString& key) const {
 }
 
 std::optional<QStringList> UserDefaults::stringArray(const QString& key) const {
-    const QVariant value = settings_.value(key);
+    const QVariant value = settings_->value(key);
     if (!value.isValid())
         return std::nullopt;
     return value.toStringList();
 }
 
-void UserDefaults::set(const QString& key, const Value& value) {
-    set({{key, value}});
+bool UserDefaults::set(const QString& key, const Value& value) {
+    return set({{key, value}});
 }
 
-void UserDefaults::set(std::initializer_list<std::pair<QString, Value>> values) {
-    set(std::span(values.begin(), values.end()));
+bool UserDefaults::set(std::initializer_list<std::pair<QString, Value>> values) {
+    return set(std::span(values.begin(), values.end()));
 }
 
-void UserDefaults::set(std::span<const std::pair<QString, Value>> values) {
+bool UserDefaults::set(std::span<const std::pair<QString, Value>> values) {
+    // Who has met an error tells of it for ever. The new one has the values, which they share.
+    if (settings_->status() != QSettings::NoError)
+        settings_ = std::make_unique<QSettings>(settings_->fileName(), QSettings::IniFormat);
     for (const auto& [key, value] : values) {
         if (std::holds_alternative<std::monostate>(value))
-            settings_.remove(key);
+            settings_->remove(key);
         else
-            settings_.setValue(key, std::visit(Stored(), value));
+            settings_->setValue(key, std::visit(Stored(), value));
     }
-    settings_.sync();
+    settings_->sync();
+    return settings_->status() == QSettings::NoError;
 }
 
 } // namespace platform

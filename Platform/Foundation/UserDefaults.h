@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
@@ -50,14 +51,16 @@ public:
     /// What a key can be given; the first stands for nothing, and removes the key.
     using Value = std::variant<std::monostate, QString, double, std::int64_t, bool, QStringList>;
 
-    void set(const QString& key, const Value& value);
+    /// Whether the file has it now. Where it has not, the value counts as long as the program runs,
+    /// and is written with the next one.
+    bool set(const QString& key, const Value& value);
 
     /// Assigns several keys in their order, which reach the disk together.
-    void set(std::span<const std::pair<QString, Value>> values);
-    void set(std::initializer_list<std::pair<QString, Value>> values);
+    bool set(std::span<const std::pair<QString, Value>> values);
+    bool set(std::initializer_list<std::pair<QString, Value>> values);
 
 private:
-    QSettings settings_;
+    std::unique_ptr<QSettings> settings_;
 };
 
 } // namespace platform

@@ -41,9 +41,11 @@ QString refusal(int status) {
 QString FeedTexts::time(Date date, Date now) {
     const QDateTime local = localTime(date);
     const QLocale locale = QLocale::system();
-    return local.date() == localTime(now).date()
-               ? locale.toString(local.time(), QLocale::ShortFormat)
-               : locale.toString(local, QLocale::ShortFormat);
+    // Some locales have seconds in their short form.
+    QString form = locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss"));
+    if (local.date() != localTime(now).date())
+        form.prepend(locale.dateFormat(QLocale::ShortFormat) + u' ');
+    return locale.toString(local, form);
 }
 
 QString FeedTexts::headline(const FeedStatus::Outage& outage, Date now) {
@@ -53,7 +55,7 @@ QString FeedTexts::headline(const FeedStatus::Outage& outage, Date now) {
 QString FeedTexts::reason(const FeedStatus::Outage& outage, Date now) {
     QString text = outage.status != 0 ? refusal(outage.status) : outage.reason;
     if (outage.until) {
-        text += text.isEmpty() ? QString() : QStringLiteral(" ");
+        text += text.isEmpty() ? QString() : QStringLiteral("\n");
         text += localized("Quorvel", "Next try at %1").arg(time(*outage.until, now));
     }
     return text;

@@ -315,5 +315,9 @@
         <source>The exchange refuses the connection.</source>
         <translation>交易所拒绝连接。</translation>
     </message>
+    <message>
+        <source>Settings can&apos;t be saved. They hold until Quorvel quits.</source>
+        <translation>无法保存设置，更改仅在退出 Quorvel 前有效。</translation>
+    </message>
 </context>
 </TS>

@@ -10,6 +10,7 @@
 #include "Quorvel/Settings/AppearanceSection.h"
 #include "Quorvel/Settings/GeneralSection.h"
 #include "Quorvel/Settings/MenuBarSection.h"
+#include "Quorvel/Settings/Notice.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -78,6 +79,7 @@ QWidget* SettingsWindow::makeForm() {
     auto* const sections = new QVBoxLayout;
     line->addLayout(sections);
     sections->setSpacing(sectionSpacing);
+    sections->addWidget(makeUnsavedNotice());
     sections->addWidget(new MenuBarSection(model_.settings()));
     sections->addWidget(new AppearanceSection(model_.settings()));
     alerts_ = new AlertsSection(model_);
@@ -85,6 +87,21 @@ QWidget* SettingsWindow::makeForm() {
     sections->addWidget(new GeneralSection(model_));
     sections->addStretch();
     return form;
+}
+
+QWidget* SettingsWindow::makeUnsavedNotice() {
+    auto* const notice = new Notice(platform::Label::Tone::error);
+    const SettingsStore& settings = model_.settings();
+    const auto show = [&settings, notice] {
+        notice->setMessage(
+            settings.isSaved()
+                ? std::nullopt
+                : std::optional(platform::localized(
+                      "Quorvel", "Settings can't be saved. They hold until Quorvel quits.")));
+    };
+    show();
+    connect(&settings, &SettingsStore::isSavedChanged, notice, show);
+    return notice;
 }
 
 void SettingsWindow::keepEnd(int maximum) {

@@ -34,6 +34,7 @@ protected:
 
 private:
     QWidget* makeForm();
+    QWidget* makeUnsavedNotice();
     void makeScrollArea(QWidget* form);
     void keepEnd(int maximum);
     void followFocus(QWidget* focus);

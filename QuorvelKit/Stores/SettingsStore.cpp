@@ -119,7 +119,7 @@ void SettingsStore::setDisplay(const DisplaySettings& display) {
     std::vector<std::pair<QString, UserDefaults::Value>> values;
     for (const Setting& setting : displaySettings())
         values.emplace_back(setting.key, setting.stored(display));
-    defaults_.set(values);
+    isSaved_ = defaults_.set(values);
     display_ = display;
 }
 
@@ -127,12 +127,12 @@ void SettingsStore::setLanguage(AppLanguage language) {
     UserDefaults::Value preferred;
     if (const auto identifier = localeIdentifier(language))
         preferred = QStringList(fromView(*identifier));
-    defaults_.set({{languageKey, stored(language)}, {preferredLanguagesKey, preferred}});
+    isSaved_ = defaults_.set({{languageKey, stored(language)}, {preferredLanguagesKey, preferred}});
     language_ = language;
 }
 
 void SettingsStore::setAppearance(AppearanceMode appearance) {
-    defaults_.set(appearanceKey, stored(appearance));
+    isSaved_ = defaults_.set(appearanceKey, stored(appearance));
     appearance_ = appearance;
 }
 

@@ -30,6 +30,9 @@ public:
     AppLanguage language() const { return language_; }
     AppearanceMode appearance() const { return appearance_; }
 
+    /// Whether the last change could be written. Those that could not hold for this run.
+    bool isSaved() const { return isSaved_; }
+
     void setDisplay(const DisplaySettings& display);
 
     /// Takes effect at the next launch. Also keeps the list of preferred languages in step.
@@ -40,6 +43,7 @@ Q_SIGNALS:
     void displayChanged();
     void languageChanged();
     void appearanceChanged();
+    void isSavedChanged();
 
 private:
     platform::UserDefaults& defaults_;
@@ -49,6 +53,8 @@ private:
                                &SettingsStore::languageChanged)
     Q_OBJECT_BINDABLE_PROPERTY(SettingsStore, AppearanceMode, appearance_,
                                &SettingsStore::appearanceChanged)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(SettingsStore, bool, isSaved_, true,
+                                         &SettingsStore::isSavedChanged)
 };
 
 } // namespace quorvel

@@ -22,7 +22,7 @@ def row(part):
         # A choice gives its value for its name, and its label by a relation.
         return part.role, "".join(part.labels), part.name
     told = "checked" if "checked" in part.states else part.value or part.description.strip()
-    told = re.sub(r"Price of \d+:\d+:\d+", "Price of TIME", told)
+    told = re.sub(r"Price of \d+:\d+", "Price of TIME", told)
     return part.role, part.name, "" if told == part.name else told
 
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Tests/Quorvel/Application/ComposedApplication.h"
+#include "Tests/Support/FullDisk.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QCursor>
@@ -338,6 +339,30 @@ TEST_F(Application, ShowsThatLaunchAtLoginCannotBeSetEachTime) {
     user.press(name);
     EXPECT_TRUE(user.isChecked(name));
     EXPECT_TRUE(QFile::exists(app.path("autostart/quorvel.desktop")));
+}
+
+TEST_F(Application, SaysThatSettingsCannotBeSavedAndKeepsThemForTheRun) {
+    const auto saysSo = [](const test::WindowUser& user) {
+        return std::ranges::any_of(user.texts(), [](const std::string& text) {
+            return text.starts_with("Settings can't be saved.");
+        });
+    };
+    app.havePreferences("interfaceAppearance=light");
+    launch();
+    auto user = app.openSettings();
+    const auto name = u"Show icon"_s;
+    const QByteArray before = app.fileText("Quorvel.conf");
+    ASSERT_FALSE(before.isEmpty());
+    {
+        const test::FullDisk full(0);
+        user.press(name);
+    }
+    EXPECT_FALSE(user.isChecked(name));
+    EXPECT_TRUE(saysSo(user));
+    EXPECT_EQ(app.fileText("Quorvel.conf"), before) << "nothing lost";
+    user.press(u"Show up/down arrow"_s);
+    EXPECT_FALSE(saysSo(user));
+    EXPECT_EQ(app.preference("display.showsIcon"), u"false"_s) << "with the next one";
 }
 
 TEST_F(Application, HoldsSleepUpUntilTheStreamIsDropped) {

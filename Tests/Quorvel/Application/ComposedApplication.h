@@ -91,6 +91,9 @@ public:
     std::vector<std::string> savedPairs() const;
     QByteArray savedAlerts() const;
     QString preference(const char* key) const;
+    QByteArray fileText(const char* name) const {
+        return platform::FileManager::contents(path(name)).value_or(QByteArray());
+    }
 
     quorvel::AppDelegate& delegate() { return *delegate_; }
     ScriptedProvider& exchange() { return *provider_; }
