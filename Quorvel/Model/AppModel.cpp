@@ -40,6 +40,7 @@ AppModel::AppModel(Collaborators collaborators)
       feed_(collaborators.feed),
       quotes_(clock_),
       settings_(collaborators.settings),
+      exchange_(collaborators.exchange),
       launchAtLogin_(std::move(collaborators.loginService)),
       notifications_(std::move(collaborators.delivering)),
       languageAtLaunch_(settings_.language()),

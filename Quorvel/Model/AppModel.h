@@ -9,9 +9,10 @@
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Services/Workspace.h"
 #include "Quorvel/Model/CandleLoader.h"
+#include "Quorvel/Model/ExchangeChoice.h"
 #include "QuorvelKit/Alerts/AlertStore.h"
 #include "QuorvelKit/Alerts/NotificationCoordinator.h"
-#include "QuorvelKit/MarketData/FeedStatus.h"
+#include "QuorvelKit/Feed/FeedStatus.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 #include "QuorvelKit/Services/LaunchAtLoginController.h"
 #include "QuorvelKit/Services/SleepWakeObserver.h"
@@ -57,6 +58,7 @@ public:
         std::unique_ptr<MarketDataProvider> provider;
         FeedStatus& feed;
         SettingsStore& settings;
+        ExchangeChoice& exchange;
         std::unique_ptr<NotificationDelivering> delivering;
         std::unique_ptr<LaunchAtLoginManaging> loginService;
         platform::Workspace& workspace;
@@ -78,6 +80,7 @@ public:
     CandleCache& candles() { return candles_; }
     WatchlistStore& watchlist() { return watchlist_; }
     SettingsStore& settings() { return settings_; }
+    ExchangeChoice& exchange() { return exchange_; }
     LaunchAtLoginController& launchAtLogin() { return launchAtLogin_; }
     AlertStore& alerts() { return alerts_; }
     NotificationCoordinator& notifications() { return notifications_; }
@@ -178,6 +181,7 @@ private:
     QuoteStore quotes_;
     CandleCache candles_;
     SettingsStore& settings_;
+    ExchangeChoice& exchange_;
     LaunchAtLoginController launchAtLogin_;
     NotificationCoordinator notifications_;
     AppLanguage languageAtLaunch_;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "QuorvelKit/MarketData/FeedStatus.h"
+#include "QuorvelKit/Feed/FeedStatus.h"
 
 #include <QString>
 

@@ -112,8 +112,17 @@ void WatchlistPanel::addMessages(QVBoxLayout& layout) {
     outage_ = addMessage(layout, Label::Tone::warning, captionSize);
     loadError_ = addMessage(layout, Label::Tone::secondary, captionSize);
     tryAgain_ = makeButton(localized("Quorvel", "Try Again"), "tryAgain");
-    layout.addWidget(tryAgain_, 0, Qt::AlignLeft);
+    mirror_ = makeButton(localized("Quorvel", "Use the Data-Only Mirror"), "mirror");
+    auto* const remedies = new QHBoxLayout;
+    remedies->addWidget(tryAgain_);
+    remedies->addWidget(mirror_);
+    remedies->addStretch();
+    layout.addLayout(remedies);
     connect(tryAgain_, &QPushButton::clicked, &model_, &AppModel::catchUp);
+    connect(mirror_, &QPushButton::clicked, this, [this] {
+        model_.exchange().chooseMirror();
+        model_.relaunchApplication();
+    });
     hint_ = addMessage(layout, Label::Tone::tertiary, smallCaptionSize);
 }
 
@@ -178,6 +187,8 @@ void WatchlistPanel::refreshMessages() {
                                : std::nullopt);
     loadError_->setMessage(model_.loadError());
     tryAgain_->setVisible(outage || model_.loadError());
+    constexpr int restricted = 451;
+    mirror_->setVisible(outage && outage->status == restricted && model_.exchange().isUsual());
     hint_->setMessage(when(pairs >= 2, localized("Quorvel", "Right-click a coin to reorder")));
 }
 
@@ -200,8 +211,10 @@ bool WatchlistPanel::focusNextPrevChild(bool isNext) {
         stops.push_back(row);
         stops.push_back(&row->removeButton());
     }
-    if (tryAgain_->isVisible())
-        stops.push_back(tryAgain_);
+    for (QPushButton* const remedy : {tryAgain_, mirror_}) {
+        if (remedy->isVisible())
+            stops.push_back(remedy);
+    }
     stops.insert(stops.end(), {settings_, quit_});
     const auto found = std::ranges::find(stops, focusWidget());
     const std::size_t here = found == stops.end() ? 0 : std::size_t(found - stops.begin());

@@ -73,6 +73,7 @@ private:
     platform::Label* outage_ = nullptr;
     platform::Label* loadError_ = nullptr;
     QPushButton* tryAgain_ = nullptr;
+    QPushButton* mirror_ = nullptr;
     platform::Label* hint_ = nullptr;
     QPushButton* settings_ = nullptr;
     QPushButton* quit_ = nullptr;

@@ -319,5 +319,17 @@
         <source>Settings can&apos;t be saved. They hold until Quorvel quits.</source>
         <translation>无法保存设置，更改仅在退出 Quorvel 前有效。</translation>
     </message>
+    <message>
+        <source>Use the Data-Only Mirror</source>
+        <translation>使用仅数据镜像</translation>
+    </message>
+    <message>
+        <source>Use the Exchange Itself</source>
+        <translation>使用交易所主站</translation>
+    </message>
+    <message>
+        <source>Prices come from the exchange&apos;s data-only mirror</source>
+        <translation>价格来自交易所的仅数据镜像</translation>
+    </message>
 </context>
 </TS>

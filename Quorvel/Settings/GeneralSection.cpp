@@ -21,6 +21,8 @@ GeneralSection::GeneralSection(AppModel& model, QWidget* parent)
     addLanguage();
     addRestart();
     addLaunchAtLogin();
+    if (model_.exchange().isMirror())
+        addMirror();
 }
 
 void GeneralSection::addLanguage() {
@@ -44,6 +46,18 @@ void GeneralSection::addRestart() {
     };
     show();
     connect(&model_.settings(), &SettingsStore::languageChanged, row, show);
+}
+
+void GeneralSection::addMirror() {
+    auto* const button = new QPushButton(localized("Quorvel", "Use the Exchange Itself"));
+    auto* const row = new FormRow(
+        localized("Quorvel", "Prices come from the exchange's data-only mirror"), button);
+    row->makeCaption();
+    card().addRow(row);
+    connect(button, &QPushButton::clicked, this, [this] {
+        model_.exchange().chooseUsual();
+        model_.relaunchApplication();
+    });
 }
 
 void GeneralSection::addLaunchAtLogin() {

@@ -20,6 +20,7 @@ private:
     void addLanguage();
     void addRestart();
     void addLaunchAtLogin();
+    void addMirror();
 
     AppModel& model_;
 };

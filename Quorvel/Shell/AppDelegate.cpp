@@ -7,14 +7,13 @@
 #include "Platform/StatusNotifier/StatusItemIconFile.h"
 #include "Quorvel/Model/FeedTexts.h"
 #include "Quorvel/Settings/SettingsWindow.h"
-#include "Quorvel/Shell/ExchangeEndpoints.h"
 #include "Quorvel/Shell/StatusIcon.h"
 #include "Quorvel/Shell/StatusItemPreferences.h"
 #include "Quorvel/Shell/StatusMenu.h"
 #include "Quorvel/Shell/StatusTitle.h"
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
+#include "QuorvelKit/Feed/ResilientProvider.h"
 #include "QuorvelKit/MarketData/Binance/BinanceProvider.h"
-#include "QuorvelKit/MarketData/ResilientProvider.h"
 #include "QuorvelKit/Services/SystemLaunchAtLoginService.h"
 
 #include <QCoreApplication>
@@ -29,6 +28,12 @@ using platform::StatusItem;
 
 namespace {
 
+ExchangeChoice exchangeChoice(platform::UserDefaults& defaults) {
+    return {defaults,
+            {BinanceProvider::defaultRESTURL(), BinanceProvider::defaultStreamURL()},
+            {BinanceProvider::mirrorRESTURL(), BinanceProvider::mirrorStreamURL()}};
+}
+
 std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment& environment,
                                                  platform::Workspace& workspace, FeedStatus& feed) {
     auto [events, writer] = platform::AsyncStream<ConnectionEvent>::make();
@@ -38,9 +43,7 @@ std::unique_ptr<MarketDataProvider> makeProvider(const AppDelegate::Environment&
     if (environment.makeProvider) {
         provider = environment.makeProvider(reports);
     } else {
-        const auto endpoints = ExchangeEndpoints::fromDefaults(
-            environment.defaults,
-            {BinanceProvider::defaultRESTURL(), BinanceProvider::defaultStreamURL()});
+        const auto endpoints = exchangeChoice(environment.defaults).endpoints();
         auto live =
             BinanceProvider::live(environment.clock, endpoints.rest, endpoints.stream, reports);
         renew = [exchange = live.get()] { exchange->renew(); };
@@ -89,6 +92,7 @@ QStringList preferredLanguages(AppLanguage language) {
 AppDelegate::AppDelegate(const Environment& environment)
     : environment_(environment),
       settings_(environment.defaults),
+      exchange_(exchangeChoice(environment.defaults)),
       tables_(preferredLanguages(settings_.language())),
       notificationCenter_(notificationSender(environment.iconDirectory), environment.sessionBus,
                           environment.clock),
@@ -97,6 +101,7 @@ AppDelegate::AppDelegate(const Environment& environment)
       model_({.provider = makeProvider(environment, workspace_, feed_),
               .feed = feed_,
               .settings = settings_,
+              .exchange = exchange_,
               .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
               .loginService = std::make_unique<SystemLaunchAtLoginService>(
                   loginItem(environment.autostartDirectory)),
@@ -170,6 +175,8 @@ void AppDelegate::openPanel() {
 
 void AppDelegate::showPopover(std::optional<QPoint> clickedAt) {
     prefetchTask_ = platform::startTask(model_.prefetchCandles());
+    if (model_.loadError())
+        model_.catchUp();
     // A panel that tells of a click shows the item, whatever there is of it besides.
     if (const auto frame = statusItem_->frame(); frame && !clickedAt)
         popover_->showBeside(*frame);

@@ -17,7 +17,7 @@
 #include "Quorvel/Panel/WatchlistPanel.h"
 #include "Quorvel/Shell/ApplicationAppearance.h"
 #include "QuorvelKit/MarketData/ConnectionEvent.h"
-#include "QuorvelKit/MarketData/FeedStatus.h"
+#include "QuorvelKit/Feed/FeedStatus.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
 #include <QDBusConnection>
@@ -102,6 +102,7 @@ private:
 
     Environment environment_;
     SettingsStore settings_;
+    ExchangeChoice exchange_;
     platform::InstalledTables tables_; // before the model, which may have something to say
     platform::UserNotificationCenter notificationCenter_;
     platform::Workspace workspace_;

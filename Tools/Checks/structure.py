@@ -38,6 +38,8 @@ ALLOWED = {
     "QuorvelKit/MarketModel": ["core"],
     "QuorvelKit/MarketData": ["core", "QuorvelKit/MarketModel"],
     "QuorvelKit/MarketData/Binance": ["core", "QuorvelKit/MarketModel", "QuorvelKit/MarketData"],
+    "QuorvelKit/Feed": ["core", "QuorvelKit/MarketModel", "QuorvelKit/MarketData",
+                        "QuorvelKit/Services"],
     "QuorvelKit/Stores": ["core", "QuorvelKit/MarketModel"],
     "QuorvelKit/StatusBar": ["core", "QuorvelKit/MarketModel", "QuorvelKit/Stores"],
     "QuorvelKit/Alerts": ["core", "QuorvelKit/MarketModel", "QuorvelKit/Stores"],

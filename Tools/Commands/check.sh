@@ -3,7 +3,7 @@
 
 # shellcheck shell=bash
 # Each step below is a function step_NAME; `./dev check` runs all, `./dev check NAME...` those named,
-# tidy_change among them.
+# tidy_change and limits among them.
 
 allSteps=(format structure licences translations scripts tidy asan tsan desktop)
 
@@ -92,6 +92,13 @@ step_tsan() {
     TSAN_OPTIONS="suppressions=$PWD/cmake/tsan.supp:external_symbolizer_path=/usr/bin/llvm-symbolizer-19" \
         ctest --test-dir build/tsan --output-on-failure --no-tests=error \
         -L '^(PlatformTests|QuorvelKitTests)$' -j"$(nproc)"
+}
+
+# Ten minutes of what the exchange counts; not among all steps.
+step_limits() {
+    requirePackages build test desktop
+    buildPreset debug
+    /usr/bin/python3 Tools/Checks/limits.py
 }
 
 step_desktop() {

@@ -23,6 +23,7 @@ from Desktop.desktop import Desktop  # noqa: E402
 from Desktop.processes import Failure, Processes  # noqa: E402
 from Desktop.profile import Profile  # noqa: E402
 from Desktop.simulator import Simulator  # noqa: E402
+from network import BadNetworks  # noqa: E402
 from tour import Tour  # noqa: E402
 
 FOLDER = ROOT / "build" / "demo"
@@ -60,7 +61,7 @@ def main():
     (FOLDER / "desktop").mkdir(parents=True)
     processes = None
     try:
-        if options.desktop == "virtual":
+        if options.desktop == "virtual" or options.network == "bad":
             print("There is no desktop here: starting a virtual one with a panel.")
             virtual = Desktop(FOLDER / "desktop")
             processes = virtual.processes
@@ -86,6 +87,8 @@ def main():
 def arguments():
     parser = argparse.ArgumentParser(prog="./dev demo")
     parser.add_argument("--seconds", type=float, help="end by itself after this time")
+    parser.add_argument("--network", choices=["good", "bad"], default="good",
+                        help="bad: play what goes wrong on networks, on a virtual desktop")
     parser.add_argument(
         "--desktop", choices=["session", "virtual"], default="virtual", help=argparse.SUPPRESS)
     return parser.parse_args()
@@ -95,6 +98,7 @@ def prepare(virtual):
     """A display with the panel that shows labels, and a notification daemon."""
     virtual.start_display(*SCREEN)
     virtual.start_session(panels.MATE)
+    virtual.start_accessibility()
     virtual.start_panel()
     virtual.start_daemon()
 
@@ -120,6 +124,9 @@ def run(options, virtual, processes):
         running.append(processes.start("quorvel", [RELEASE / "Quorvel/quorvel"],
                                        profile.environment(environment) | variables))
 
+    if options.network == "bad":
+        BadNetworks(FOLDER, virtual, simulator, profile, start_program).run()
+        return
     show = Show(source, environment)
     end = time.monotonic() + options.seconds if options.seconds else float("inf")
     print("The status text as the panel gets it, and notifications as the daemon takes them"

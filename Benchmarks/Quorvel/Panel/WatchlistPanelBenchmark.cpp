@@ -40,6 +40,7 @@ public:
                                               QUrl(QStringLiteral("ws://127.0.0.1:9/stream"))),
             .feed = feed_,
             .settings = settings_,
+            .exchange = exchange_,
             .delivering = std::make_unique<test::ScriptedDelivering>(),
             .loginService = std::make_unique<SystemLaunchAtLoginService>(
                 platform::LoginItem({}, path("login"))),
@@ -102,6 +103,7 @@ private:
     platform::FileManager files_{path("share"), path("tmp")};
     platform::UserDefaults defaults_{path("Quorvel.conf")};
     SettingsStore settings_{defaults_};
+    ExchangeChoice exchange_{defaults_, {}, {QUrl(QStringLiteral("https://mirror")), {}}};
     platform::Workspace workspace_{{}, QDBusConnection(QString()), clock_};
     std::unique_ptr<AppModel> model_;
     std::unique_ptr<WatchlistPanel> panel_;

@@ -75,6 +75,14 @@ QUrl BinanceProvider::defaultStreamURL() {
     return QUrl(SubscriptionCommand::host());
 }
 
+QUrl BinanceProvider::mirrorRESTURL() {
+    return QUrl(QStringLiteral("https://data-api.binance.vision"));
+}
+
+QUrl BinanceProvider::mirrorStreamURL() {
+    return QUrl(QStringLiteral("wss://data-stream.binance.vision/stream"));
+}
+
 BinanceProvider::BinanceProvider(std::move_only_function<Clients()> makeClients)
     : thread_(QStringLiteral("network")),
       clients_(thread_.thread(), [makeClients = std::move(makeClients)]() mutable {

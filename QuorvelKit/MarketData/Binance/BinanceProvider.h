@@ -52,6 +52,10 @@ public:
     /// The exchange's combined stream.
     static QUrl defaultStreamURL();
 
+    /// Where the exchange serves market data alone, to places as well that it serves nothing else.
+    static QUrl mirrorRESTURL();
+    static QUrl mirrorStreamURL();
+
     /// @param makeClients runs on the network thread
     explicit BinanceProvider(std::move_only_function<Clients()> makeClients);
 

@@ -417,6 +417,26 @@ TEST_F(Application, SaysSinceWhenAndWhyPricesAreNotLive) {
     EXPECT_TRUE(app.isOutageShown()) << "open, and mute";
 }
 
+TEST_F(Application, OffersTheMirrorWhereTheExchangeDoesNotServeAndLeadsBack) {
+    launch();
+    auto user = app.openPanel();
+    app.report({.kind = quorvel::ConnectionEvent::Kind::lost});
+    app.report({.kind = quorvel::ConnectionEvent::Kind::refused, .status = 451});
+    user.press(u"Use the Data-Only Mirror"_s);
+    EXPECT_TRUE(app.delegate().isRelaunching());
+    EXPECT_EQ(app.preference("exchange.restURL"), u"https://data-api.binance.vision"_s);
+    EXPECT_EQ(app.preference("exchange.streamURL"), u"wss://data-stream.binance.vision/stream"_s);
+
+    test::ComposedApplication next;
+    next.havePreferences("exchange.restURL=https://data-api.binance.vision\n"
+                         "exchange.streamURL=wss://data-stream.binance.vision/stream");
+    next.launch();
+    next.openSettings().activate(u"Use the Exchange Itself"_s);
+    EXPECT_TRUE(next.delegate().isRelaunching());
+    EXPECT_EQ(next.preference("exchange.restURL"), QString());
+    EXPECT_EQ(next.preference("exchange.streamURL"), QString());
+}
+
 TEST_F(Application, ShowsNoOldPriceOfAPairThatIsNotTraded) {
     app.haveWatchlist({"BTC", "HALTED"});
     app.launch({"BTC"});

@@ -39,7 +39,7 @@ protected:
         provider_ = provider.get();
         delivering_ = delivering.get();
         model_ = std::make_unique<quorvel::AppModel>(quorvel::AppModel::Collaborators{
-            std::move(provider), feed_, settings_, std::move(delivering),
+            std::move(provider), feed_, settings_, exchange_, std::move(delivering),
             std::make_unique<quorvel::SystemLaunchAtLoginService>(platform::LoginItem(
                 {QStringLiteral("quorvel"), QStringLiteral("Quorvel"), QStringLiteral("/bin/true")},
                 directory_.filePath(QStringLiteral("autostart")))),
@@ -77,6 +77,7 @@ protected:
                                  directory_.filePath(QStringLiteral("tmp"))};
     platform::UserDefaults defaults_{directory_.filePath(QStringLiteral("Quorvel.conf"))};
     quorvel::SettingsStore settings_{defaults_};
+    quorvel::ExchangeChoice exchange_{defaults_, {}, {QUrl(QStringLiteral("https://mirror")), {}}};
     ManualClock clock_;
     quorvel::FeedStatus feed_{clock_};
     /// Without a login manager: tests post sleep and wake themselves.

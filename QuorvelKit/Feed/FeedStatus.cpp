@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "QuorvelKit/MarketData/FeedStatus.h"
+#include "QuorvelKit/Feed/FeedStatus.h"
 
 #include <utility>
 

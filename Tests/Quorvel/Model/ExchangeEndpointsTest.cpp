@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Quorvel/Shell/ExchangeEndpoints.h"
+#include "Quorvel/Model/ExchangeEndpoints.h"
 
 #include <QTemporaryDir>
 

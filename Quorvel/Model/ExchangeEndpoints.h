@@ -11,6 +11,10 @@ namespace quorvel {
 
 /// Where the exchange is found: its own addresses, or what the preferences name instead.
 struct ExchangeEndpoints {
+    /// The keys of the two in the preferences.
+    static const QString restKey;
+    static const QString streamKey;
+
     QUrl rest;   ///< base of the REST interface
     QUrl stream; ///< the stream of prices, without a query
 
@@ -20,6 +24,8 @@ struct ExchangeEndpoints {
     /// @param own where the exchange itself says that it is
     static ExchangeEndpoints fromDefaults(const platform::UserDefaults& defaults,
                                           const ExchangeEndpoints& own);
+
+    friend bool operator==(const ExchangeEndpoints&, const ExchangeEndpoints&) = default;
 };
 
 } // namespace quorvel

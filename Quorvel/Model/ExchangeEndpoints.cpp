@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Quorvel/Shell/ExchangeEndpoints.h"
+#include "Quorvel/Model/ExchangeEndpoints.h"
 
 #include <QHostAddress>
 
@@ -25,11 +25,13 @@ QUrl usable(const platform::UserDefaults& defaults, const QString& key, const QS
 
 } // namespace
 
+const QString ExchangeEndpoints::restKey = QStringLiteral("exchange.restURL");
+const QString ExchangeEndpoints::streamKey = QStringLiteral("exchange.streamURL");
+
 ExchangeEndpoints ExchangeEndpoints::fromDefaults(const platform::UserDefaults& defaults,
                                                   const ExchangeEndpoints& own) {
-    return {
-        usable(defaults, QStringLiteral("exchange.restURL"), QStringLiteral("http"), own.rest),
-        usable(defaults, QStringLiteral("exchange.streamURL"), QStringLiteral("ws"), own.stream)};
+    return {usable(defaults, restKey, QStringLiteral("http"), own.rest),
+            usable(defaults, streamKey, QStringLiteral("ws"), own.stream)};
 }
 
 } // namespace quorvel

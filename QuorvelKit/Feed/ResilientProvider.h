@@ -8,7 +8,7 @@
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "QuorvelKit/MarketData/ConnectionEvent.h"
-#include "QuorvelKit/MarketData/FeedStatus.h"
+#include "QuorvelKit/Feed/FeedStatus.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 #include "QuorvelKit/Services/SleepWakeObserver.h"
 

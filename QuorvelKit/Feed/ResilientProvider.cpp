@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "QuorvelKit/MarketData/ResilientProvider.h"
+#include "QuorvelKit/Feed/ResilientProvider.h"
 
 #include "Platform/Async/SignalAwaiter.h"
 #include "Platform/Async/SleepFor.h"
