@@ -45,7 +45,9 @@ Task<URLResponse> URLSession::data(QUrl url) {
 }
 
 void URLSession::renewConnections() {
-    manager_ = std::make_shared<QNetworkAccessManager>();
+    // An answer is a child of its manager, and may be the one that is telling of its end right now.
+    manager_.reset(new QNetworkAccessManager,
+                   [](QNetworkAccessManager* manager) { manager->deleteLater(); });
     manager_->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
 }
 

@@ -12,7 +12,7 @@ packages_build=(
     libx11-dev libxcb1-dev
 )
 packages_test=(
-    libgtest-dev libgmock-dev dbus-daemon python3 python3-dbus python3-dbusmock python3-gi xvfb dunst
+    libgtest-dev libgmock-dev nghttp2-server openssl dbus-daemon python3 python3-dbus python3-dbusmock python3-gi xvfb dunst
 )
 packages_demo=(python3 python3-dbus python3-gi imagemagick x11-utils)
 packages_desktop=(

@@ -4,13 +4,19 @@
 #include "QuorvelKit/MarketData/URLSessionTransport.h"
 
 #include "QuorvelKit/MarketData/HTTPTransportError.h"
+#include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/ManualClock.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/SimulatorProcess.h"
 
+#include <QSslConfiguration>
+#include <QTcpServer>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 using namespace quorvel;
 using namespace test;
@@ -80,6 +86,69 @@ TEST_F(Transport, TimesOutAfterAQuarterOfAMinuteWithoutProgress) {
     EXPECT_TRUE(running.isRunning());
     clock_.advance(1s);
     EXPECT_THROW(running.result(), URLError);
+}
+
+/// A server of HTTP/2, which needs encryption, with a certificate that is trusted while this lives.
+class HTTP2Server {
+public:
+    HTTP2Server() {
+        ChildProcess maker;
+        maker.start({"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-batch",
+                     "-keyout", path("key"), "-out", path("certificate"), "-subj", "/CN=x",
+                     "-addext", "subjectAltName=IP:127.0.0.1"});
+        EXPECT_EQ(maker.waitForEnd(30s), 0);
+        auto trusting = before_;
+        trusting.addCaCertificates(QString::fromStdString(path("certificate")));
+        QSslConfiguration::setDefaultConfiguration(trusting);
+        QTcpServer place;
+        EXPECT_TRUE(place.listen(QHostAddress::LocalHost));
+        port_ = place.serverPort();
+        place.close();
+        process_.start({"nghttpd", "-v", "-a", "127.0.0.1", "-d", path(""), std::to_string(port_),
+                        path("key"), path("certificate")});
+        while (!process_.readLine(10s).contains("listen")) {
+        }
+    }
+    ~HTTP2Server() { QSslConfiguration::setDefaultConfiguration(before_); }
+    Q_DISABLE_COPY_MOVE(HTTP2Server)
+
+    QUrl url() const { return QUrl(QStringLiteral("https://127.0.0.1:%1/certificate").arg(port_)); }
+
+    void sendSignal(int number) const { process_.sendSignal(number); }
+
+    /// Whether so many connections come to be.
+    bool isConnectedTimes(int count) const {
+        const std::string sign = "[id=" + std::to_string(count) + "]";
+        for (std::string line = "x"; !line.empty(); line = process_.readLine(2s)) {
+            if (line.contains(sign))
+                return true;
+        }
+        return false;
+    }
+
+private:
+    std::string path(const char* name) const {
+        return directory_.filePath(QString::fromLatin1(name)).toStdString();
+    }
+
+    QSslConfiguration before_ = QSslConfiguration::defaultConfiguration();
+    QTemporaryDir directory_;
+    ChildProcess process_;
+    quint16 port_ = 0;
+};
+
+TEST_F(Transport, UsesNoConnectionAgainThatHasFallenMute) {
+    const HTTP2Server server;
+    runTask(transport_.get(server.url()));
+    runTask(transport_.get(server.url()));
+    server.sendSignal(SIGSTOP);
+    Running<QByteArray> unanswered(transport_.get(server.url()));
+    ASSERT_TRUE(waitUntil([&] { return clock_.timerCount() > 0; }));
+    clock_.advance(15s);
+    EXPECT_THROW(unanswered.result(), URLError);
+    server.sendSignal(SIGCONT);
+    EXPECT_FALSE(runTask(transport_.get(server.url())).isEmpty());
+    EXPECT_TRUE(server.isConnectedTimes(2));
 }
 
 TEST_F(Transport, EndsTheTransferWhenItIsCancelled) {
