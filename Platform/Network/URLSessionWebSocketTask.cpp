@@ -22,7 +22,10 @@ URLError openingError(const QWebSocket& socket) {
     static const QRegularExpression statusInText(QStringLiteral("status code: (\\d{3}) "));
     const QString text = socket.errorString();
     if (const auto status = statusInText.match(text); status.hasMatch())
-        return {URLError::Code::refused, text, status.captured(1).toInt()};
+        return {URLError::Code::refused,
+                localized("Platform", "The server refused the connection (%1).")
+                    .arg(status.captured(1)),
+                status.captured(1).toInt()};
     const bool wasReached = socket.error() == QAbstractSocket::RemoteHostClosedError;
     return {wasReached ? URLError::Code::connectionLost : URLError::Code::cannotConnect, text};
 }

@@ -39,5 +39,9 @@
         <source>There is no notification service.</source>
         <translation>没有可用的通知服务。</translation>
     </message>
+    <message>
+        <source>The server refused the connection (%1).</source>
+        <translation>服务器拒绝了连接（%1）。</translation>
+    </message>
 </context>
 </TS>

@@ -23,14 +23,20 @@ QDateTime localTime(Date date) {
 QString refusal(int status) {
     switch (status) {
     case 451:
-        return localized("Quorvel", "The exchange does not serve this place.");
+        return localized("Quorvel",
+                         "The exchange does not serve this place. Its data-only mirror may.");
     case 403:
-        return localized("Quorvel", "The exchange refuses requests from this network.");
+        return localized(
+            "Quorvel",
+            "The exchange refuses requests from this network. Another network may help.");
     case 418:
-        return localized("Quorvel", "The exchange has banned this network for a time.");
+        return localized(
+            "Quorvel",
+            "The exchange has banned this network for a time. Prices come back by themselves.");
     case 429:
-        return localized("Quorvel", "The exchange asks for a pause: too many requests came from "
-                                    "this network.");
+        return localized(
+            "Quorvel",
+            "The exchange asks this network for a pause. Prices come back by themselves.");
     default:
         return localized("Quorvel", "The exchange refuses the connection.");
     }
@@ -54,16 +60,14 @@ QString FeedTexts::headline(const FeedStatus::Outage& outage, Date now) {
 
 QString FeedTexts::reason(const FeedStatus::Outage& outage, Date now) {
     QString text = outage.status != 0 ? refusal(outage.status) : outage.reason;
-    if (outage.until) {
-        text += text.isEmpty() ? QString() : QStringLiteral("\n");
-        text += localized("Quorvel", "Next try at %1").arg(time(*outage.until, now));
-    }
-    return text;
+    text += text.isEmpty() ? QString() : QStringLiteral("\n");
+    return text + (outage.until
+                       ? localized("Quorvel", "Next try at %1").arg(time(*outage.until, now))
+                       : localized("Quorvel", "It is tried again every few seconds."));
 }
 
 QString FeedTexts::notice(const FeedStatus::Outage& outage, Date now) {
-    const QString why = reason(outage, now);
-    return headline(outage, now) + (why.isEmpty() ? QString() : u'\n' + why);
+    return headline(outage, now) + u'\n' + reason(outage, now);
 }
 
 QString FeedTexts::price(const FeedStatus& feed, const Symbol& symbol, Date now) {

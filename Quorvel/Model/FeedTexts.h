@@ -17,7 +17,7 @@ struct FeedTexts {
     /// Since when there is no connection.
     static QString headline(const FeedStatus::Outage& outage, platform::Date now);
 
-    /// Why, and until when as far as that is known; empty where nothing is.
+    /// Why, as far as that is known, what can be done, and when it is tried again.
     static QString reason(const FeedStatus::Outage& outage, platform::Date now);
 
     /// Both, one below the other.

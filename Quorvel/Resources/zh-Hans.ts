@@ -296,20 +296,20 @@
         <translation>重试</translation>
     </message>
     <message>
-        <source>The exchange does not serve this place.</source>
-        <translation>交易所不向此地区提供服务。</translation>
+        <source>The exchange does not serve this place. Its data-only mirror may.</source>
+        <translation>交易所不向此地区提供服务，但其仅数据镜像可能可用。</translation>
     </message>
     <message>
-        <source>The exchange refuses requests from this network.</source>
-        <translation>交易所拒绝来自此网络的请求。</translation>
+        <source>The exchange refuses requests from this network. Another network may help.</source>
+        <translation>交易所拒绝来自此网络的请求，请尝试其他网络。</translation>
     </message>
     <message>
-        <source>The exchange has banned this network for a time.</source>
-        <translation>交易所已暂时封禁此网络。</translation>
+        <source>The exchange has banned this network for a time. Prices come back by themselves.</source>
+        <translation>交易所已暂时封禁此网络，价格会自动恢复。</translation>
     </message>
     <message>
-        <source>The exchange asks for a pause: too many requests came from this network.</source>
-        <translation>交易所要求暂停：来自此网络的请求过多。</translation>
+        <source>The exchange asks this network for a pause. Prices come back by themselves.</source>
+        <translation>交易所要求此网络暂停请求，价格会自动恢复。</translation>
     </message>
     <message>
         <source>The exchange refuses the connection.</source>
@@ -330,6 +330,10 @@
     <message>
         <source>Prices come from the exchange&apos;s data-only mirror</source>
         <translation>价格来自交易所的仅数据镜像</translation>
+    </message>
+    <message>
+        <source>It is tried again every few seconds.</source>
+        <translation>每隔几秒会自动重试。</translation>
     </message>
 </context>
 </TS>
