@@ -80,7 +80,10 @@ void AppModel::catchUp() {
 }
 
 Task<> AppModel::loadWhatIsMissing() {
-    if (availableSymbols_.value().empty() && !startUpTask_.isRunning())
+    // Which may still have to fail.
+    if (startUpTask_.isRunning())
+        co_await startUpTask_.finished();
+    if (availableSymbols_.value().empty())
         co_await loadAvailableSymbols();
     co_await refreshSubscriptions();
 }

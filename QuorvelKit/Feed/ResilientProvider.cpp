@@ -64,6 +64,8 @@ void ResilientProvider::take(const ConnectionEvent& event) {
         hasMissed_ = true;
         known_.clear();
         loss_.reason = event.reason;
+        if (loss_.until && *loss_.until <= with_.clock.now())
+            loss_.until.reset();
         judge();
         break;
     case Kind::refused:

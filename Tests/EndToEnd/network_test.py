@@ -55,6 +55,24 @@ class Network(Session):
         self.assert_becomes(lambda: len(self.simulator.requests("/api/v3/exchangeInfo")) >= 1, True,
                             15)
 
+    def test_prices_do_not_wait_for_a_list_that_does_not_answer(self):
+        self.simulator.control("rest", path="/api/v3/exchangeInfo", hang=True)
+        self.start()
+        self.assert_becomes(lambda: len(self.simulator.requests("/api/v3/exchangeInfo")), 1)
+        self.simulator.control("rest", path="/api/v3/exchangeInfo", reset=True)
+        self.assert_label("BTC 65,432.10 +1.23% ▲", 18)
+        self.assert_becomes(lambda: len(self.simulator.requests("/api/v3/exchangeInfo")), 2, 15)
+
+    def test_where_the_exchange_does_not_serve_it_is_said(self):
+        self.simulator.control("handshake", mode="refuse", status=451,
+                               body='{"code":0,"msg":"Service unavailable from a restricted place"}')
+        self.start()
+        self.assert_becomes(lambda: "does not serve this place" in self.item.notice(), True, 10)
+        self.assert_label("BTC 65,432.10 +1.23% ▲", 10)
+        attempts = self.simulator.control("state")["handshakes"]
+        time.sleep(5)
+        self.assertLessEqual(self.simulator.control("state")["handshakes"] - attempts, 5)
+
     def test_one_bad_pair_harms_itself_only(self):
         self.profile.watch("BTC*", "NOSUCH", "ETH")
         self.simulator.control("walk", running=False)
@@ -65,7 +83,7 @@ class Network(Session):
         self.simulator.control("handshake", mode="refuse", status=429,
                                headers={"Retry-After": "5"})
         self.start()
-        self.assert_becomes(lambda: "The exchange asks for a pause" in self.item.notice(), True, 10)
+        self.assert_becomes(lambda: "asks this network for a pause" in self.item.notice(), True, 10)
         self.assertIn("Next try at ", self.item.notice())
         self.simulator.control("handshake", mode="accept")
         refused = len(self.simulator.details("handshakeRefused"))
