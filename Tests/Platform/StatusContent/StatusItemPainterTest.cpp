@@ -104,6 +104,23 @@ TEST(StatusItemPainter, KeepsItsWidthWhileDigitsChange) {
     EXPECT_LT(width("BTC 1.11"), width("BTC 11.11"));
 }
 
+TEST(StatusItemPainter, DrawsFaintlyWhatIsNotToBeTrusted) {
+    StatusItemContent doubtful = content(price, true, false);
+    const auto strongest = [&doubtful] {
+        const QImage image =
+            StatusItemPainter(doubtful, height).image(1, StatusItemColors::on(Appearance::dark));
+        int alpha = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y)
+                alpha = std::max(alpha, image.pixelColor(x, y).alpha());
+        }
+        return alpha;
+    };
+    EXPECT_EQ(strongest(), 255);
+    doubtful.notice = QStringLiteral("old");
+    EXPECT_NEAR(strongest(), 115, 2) << "icon and text";
+}
+
 TEST(StatusItemPainter, TakesNoRoomForWhatIsNotShown) {
     const StatusItemPainter iconAlone(content({}, true, false), height);
     EXPECT_EQ(iconAlone.size(), QSize(iconSide, height));
