@@ -24,7 +24,7 @@ struct StatusItemIdentity {
     QString iconDirectory;
 
     /// The ids of entries that are no separators must differ.
-    std::vector<MenuEntry> menu = {}; // NOLINT(readability-redundant-member-init): may be left out
+    std::vector<MenuEntry> menu = {};
 };
 
 } // namespace platform

@@ -16,8 +16,8 @@
 #include "Quorvel/Model/AppModel.h"
 #include "Quorvel/Panel/WatchlistPanel.h"
 #include "Quorvel/Shell/ApplicationAppearance.h"
-#include "QuorvelKit/MarketData/ConnectionEvent.h"
 #include "QuorvelKit/Feed/FeedStatus.h"
+#include "QuorvelKit/MarketData/ConnectionEvent.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
 #include <QDBusConnection>
@@ -52,7 +52,7 @@ public:
         QDBusConnection systemBus = QDBusConnection::systemBus();
         /// Where prices come from. Absent: the live exchange, at the addresses that the preferences
         /// name.
-        ProviderFactory makeProvider = {}; // NOLINT(readability-redundant-member-init): optional
+        ProviderFactory makeProvider = {};
     };
 
     explicit AppDelegate(const Environment& environment);

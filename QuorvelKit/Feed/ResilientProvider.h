@@ -7,8 +7,8 @@
 #include "Platform/Async/TaskScope.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/NotificationCenter.h"
-#include "QuorvelKit/MarketData/ConnectionEvent.h"
 #include "QuorvelKit/Feed/FeedStatus.h"
+#include "QuorvelKit/MarketData/ConnectionEvent.h"
 #include "QuorvelKit/MarketData/MarketDataProvider.h"
 #include "QuorvelKit/Services/SleepWakeObserver.h"
 

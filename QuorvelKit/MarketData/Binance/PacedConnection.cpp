@@ -75,7 +75,7 @@ Task<> PacedConnection::turn() {
     co_await waiters_.back().future();
 }
 
-void PacedConnection::endTurn(std::exception_ptr error) {
+void PacedConnection::endTurn(const std::exception_ptr& error) {
     isWaiting_ = false;
     for (QPromise<void>& waiter : std::exchange(waiters_, {})) {
         if (error)

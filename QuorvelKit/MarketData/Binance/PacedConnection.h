@@ -69,7 +69,7 @@ private:
     std::chrono::nanoseconds pause() const;
     /// Waits until the attempt has been made.
     platform::Task<> turn();
-    void endTurn(std::exception_ptr error);
+    void endTurn(const std::exception_ptr& error);
     void judge(const platform::URLError& error);
     platform::Task<> askWhy(int status);
     void handleRefusal(std::vector<std::string> names);
