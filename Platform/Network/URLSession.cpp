@@ -46,8 +46,8 @@ Task<URLResponse> URLSession::data(QUrl url) {
 
 void URLSession::renewConnections() {
     // An answer is a child of its manager, and may be the one that is telling of its end right now.
-    manager_.reset(new QNetworkAccessManager,
-                   [](QNetworkAccessManager* manager) { manager->deleteLater(); });
+    const auto deleteLater = [](QNetworkAccessManager* manager) { manager->deleteLater(); };
+    manager_ = {new QNetworkAccessManager, deleteLater};
     manager_->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
 }
 
