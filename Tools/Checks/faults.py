@@ -124,14 +124,14 @@ class Bench:
 
 
 def suites_of(targets):
-    """A pattern for the cases of those executables."""
+    """A pattern for the cases of those executables, which begin with a capital; the scripts' do not."""
     suites = set()
     for target in targets:
         binary = next(path for path in BUILD.rglob(target) if path.is_file())
         _, output = run(["env", "QT_QPA_PLATFORM=offscreen", str(binary), "--gtest_list_tests"])
         suites |= {line.split("#")[0].strip() for line in output.splitlines()
                    if re.match(r"^\w[\w/]*\.(\s|$)", line)}
-    return "^(" + "|".join(re.escape(suite) for suite in sorted(suites)) + ")"
+    return "^(" + "|".join(re.escape(suite) for suite in sorted(suites)) + ")[A-Z]"
 
 
 def without_comments_and_texts(text):
@@ -225,8 +225,9 @@ def negate(arguments):
             print(f"{path.relative_to(ROOT)}:{line_of(text, start)}: {text[start:end]}")
         return 0
     bench = Bench(arguments.jobs)
-    bench.prepare(TARGETS)
-    tests = suites_of(TARGETS)
+    targets = arguments.target or TARGETS
+    bench.prepare(targets)
+    tests = suites_of(targets)
     bench.demand_success(tests, arguments.limit)
     began = time.monotonic()
     counts = {}
@@ -237,7 +238,7 @@ def negate(arguments):
         condition = text[start:end]
         changed = text[:start] + f"!({condition})" + text[end:]
         copied = COPY / path.relative_to(ROOT)
-        verdict, who = bench.judge(copied, changed, TARGETS, tests, arguments.limit)
+        verdict, who = bench.judge(copied, changed, targets, tests, arguments.limit)
         counts[verdict] = counts.get(verdict, 0) + 1
         place = f"{path.relative_to(ROOT)}:{line_of(text, start)}"
         told = f"  [{who}]" if verdict == "caught" else ""
@@ -287,6 +288,8 @@ def main():
     of_draw.add_argument("--count", type=int, default=30)
     of_draw.add_argument("--only", action="append", metavar="PATTERN",
                          help="draw from these files, e.g. 'Quorvel/Panel/*.cpp'")
+    of_draw.add_argument("--target", action="append", metavar="NAME",
+                         help="judge by these test programs instead of the usual ones")
     of_draw.add_argument("--pick", type=int, action="append", metavar="NUMBER",
                          help="of those drawn judge only this one; may be given again")
     of_draw.add_argument("--list", action="store_true", help="only show what is drawn")

@@ -77,22 +77,6 @@ protected:
     QLineEdit line_;
 };
 
-TEST_F(Controls, ShowWhetherTheyAreOnAndCanBeUsed) {
-    spin_.setValue(5);
-    for (QAbstractButton* const control :
-         std::initializer_list<QAbstractButton*>{&toggle_, &check_, &radio_}) {
-        const QImage off = picture(*control);
-        control->setChecked(true);
-        EXPECT_GT(difference(picture(*control), off), 50) << control->metaObject()->className();
-    }
-    button_.setText(QStringLiteral("Add"));
-    for (QWidget* const control : std::initializer_list<QWidget*>{&toggle_, &spin_, &button_}) {
-        const QImage enabled = picture(*control);
-        control->setEnabled(false);
-        EXPECT_GT(difference(picture(*control), enabled), 5) << control->metaObject()->className();
-    }
-}
-
 TEST_F(Controls, AreMirroredWhereTextRunsFromTheRight) {
     toggle_.setChecked(true);
     for (QWidget* const control :

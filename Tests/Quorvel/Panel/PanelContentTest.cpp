@@ -54,18 +54,6 @@ protected:
         return sum;
     }
 
-    /// How far what is in the upper part of the price column stands out from the row, 0 to 255.
-    int strength(const char* base, int height = 22) {
-        const QImage line = prices(base).copy(0, 0, 104, height);
-        const int ground = qGray(line.pixel(0, 0));
-        int most = 0;
-        for (int x = 0; x < line.width(); ++x) {
-            for (int y = 0; y < line.height(); ++y)
-                most = std::max(most, std::abs(qGray(line.pixel(x, y)) - ground));
-        }
-        return most;
-    }
-
 private:
     QImage prices(const char* base) {
         QImage image = picture(row(base));
@@ -150,19 +138,6 @@ INSTANTIATE_TEST_SUITE_P(Changes, EachChange,
                                                           Change{"-0.01", greenUpRedDown, 1},
                                                           Change{"0", redUpGreenDown, 0}),
                                           testing::Values(Appearance::light, Appearance::dark)));
-
-TEST_F(PanelContent, FadesPricesThatAreOutOfDate) {
-    show({"BTC", "ETH"});
-    for (const Appearance appearance : {Appearance::light, Appearance::dark}) {
-        adopt(appearance);
-        apply("BTC", "63686.84", "1");
-        const int fresh = strength("BTC");
-        model_->quotes().markStale(true);
-        EXPECT_LT(strength("BTC"), fresh * 9 / 10);
-        EXPECT_GT(strength("BTC"), fresh / 2);
-        EXPECT_GT(strength("ETH", 44), 100) << "there is a dash for a price that is not known";
-    }
-}
 
 /// Counts what is painted of the rows.
 class PaintCounter : public QObject {

@@ -15,44 +15,12 @@ namespace {
 
 class WatchlistEditing : public test::PanelFixture {
 protected:
-    /// Drags a row by the left button, as far as the top of another.
-    void drag(const char* from, const char* to, bool isDropped = true) {
-        QWindow* const window = popover_.windowHandle();
-        const auto middle = [this](const char* base) {
-            return row(base).mapTo(&popover_, row(base).rect().center());
-        };
-        const QPoint start = middle(from);
-        const QPoint end = middle(to);
-        QTest::mousePress(window, Qt::LeftButton, {}, start);
-        for (const QPoint at : {start + QPoint(0, 3), (start + end) / 2, end})
-            QTest::mouseMove(window, at);
-        if (!isDropped)
-            press(Qt::Key_Escape);
-        QTest::mouseRelease(window, Qt::LeftButton, {}, end);
-        test::drainEvents();
-    }
-
     /// What a display's driver makes of the key.
     void pressMenuKey() {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
         QCoreApplication::sendEvent(popover_.focusWidget(), &event);
     }
 };
-
-TEST_F(WatchlistEditing, FindsPairsInAnyCaseAndAddsTheFirstByEnter) {
-    show({"ETH"}, {"WBTC", "BTCUP", "BTC", "BTCDOWN", "BTCST", "ABTC", "XBTC", "BTT"});
-    EXPECT_EQ(focus(), "search");
-    type("btc");
-    EXPECT_THAT(results(), ElementsAre("BTC", "BTCST", "BTCUP", "BTCDOWN", "ABTC", "WBTC"));
-    press(Qt::Key_Return);
-    EXPECT_THAT(bases(), ElementsAre("ETH", "BTC"));
-    EXPECT_EQ(search().text(), QString());
-    EXPECT_THAT(results(), IsEmpty());
-    EXPECT_EQ(row("BTC").index(), 1u);
-    EXPECT_EQ(focus(), "search");
-    press(Qt::Key_Return);
-    EXPECT_EQ(rows().count(), 2u) << "nothing is found, so nothing is added";
-}
 
 TEST_F(WatchlistEditing, AddsAResultByKeys) {
     show({}, {"BTC", "BTCUP", "BTCDOWN"});
@@ -131,36 +99,6 @@ TEST_F(WatchlistEditing, ReordersAndRemovesByKeysAndKeepsTheKeyboardInTheList) {
     press(Qt::Key_Delete);
     EXPECT_EQ(focus(), "search");
     EXPECT_THAT(bases(), IsEmpty());
-}
-
-TEST_F(WatchlistEditing, RemovesByTheButtonThatAppearsBelowThePointer) {
-    show({"BTC", "ETH"});
-    QPushButton& button = row("ETH").removeButton();
-    QTest::mouseMove(popover_.windowHandle(), QPoint(1, 1));
-    test::drainEvents();
-    const QImage hidden = picture(row("ETH"));
-    QTest::mouseMove(popover_.windowHandle(), row("ETH").mapTo(&popover_, QPoint(30, 20)));
-    test::drainEvents();
-    EXPECT_NE(picture(row("ETH")), hidden);
-    QTest::mouseClick(popover_.windowHandle(), Qt::LeftButton, {},
-                      button.mapTo(&popover_, button.rect().center()));
-    test::drainEvents();
-    EXPECT_THAT(bases(), ElementsAre("BTC"));
-}
-
-TEST_F(WatchlistEditing, MovesARowThatIsDragged) {
-    show({"BTC", "ETH", "SOL", "XRP"});
-    drag("BTC", "SOL");
-    EXPECT_THAT(bases(), ElementsAre("ETH", "SOL", "BTC", "XRP"));
-    drag("XRP", "ETH");
-    EXPECT_THAT(bases(), ElementsAre("XRP", "ETH", "SOL", "BTC"));
-    EXPECT_EQ(row("XRP").pos(), QPoint(0, 0));
-    drag("XRP", "BTC", false);
-    EXPECT_EQ(bases().front(), "XRP") << "Escape takes it back";
-    EXPECT_TRUE(popover_.isVisible());
-    EXPECT_EQ(row("XRP").pos(), QPoint(0, 0));
-    drag("SOL", "SOL");
-    EXPECT_EQ(bases()[2], "SOL");
 }
 
 TEST_F(WatchlistEditing, ReachesEverythingByTab) {

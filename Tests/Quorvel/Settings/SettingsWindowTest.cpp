@@ -25,9 +25,6 @@ using testing::Not;
 
 namespace {
 
-constexpr const char* restartText = "Restart to apply the new language";
-constexpr const char* loginSwitch = "Launch Quorvel at login";
-
 class Settings : public test::SettingsFixture {
 protected:
     void change(auto edit) {
@@ -140,38 +137,6 @@ TEST_F(Settings, ShowExactlyTheRowsOfTheDisplayMode) {
         EXPECT_EQ(find<QSpinBox>(interval.c_str()) != nullptr, expected[0] == interval);
         EXPECT_EQ(find<QSpinBox>(limit.c_str()) != nullptr, expected[0] == limit);
     }
-}
-
-TEST_F(Settings, OfferTheRestartWhileTheLanguageIsAnotherThanAtLaunch) {
-    show();
-    QSignalSpy relaunches(model_.get(), &AppModel::relaunchRequested);
-    EXPECT_FALSE(button("Restart Now"));
-    choose("Language", "English");
-    EXPECT_THAT(texts(), Contains(restartText));
-    click(*button("Restart Now"));
-    EXPECT_EQ(relaunches.count(), 1);
-    choose("Language", "Follow system");
-    EXPECT_THAT(texts(), Not(Contains(restartText)));
-    EXPECT_FALSE(button("Restart Now"));
-}
-
-TEST_F(Settings, SnapTheLoginSwitchBackAndSayWhyWhereItCannotBeChanged) {
-    show();
-    QFile inTheWay(directory_.filePath(QStringLiteral("autostart")));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    auto& control = get<QCheckBox>(loginSwitch);
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        click(control);
-        EXPECT_FALSE(control.isChecked());
-    }
-    ASSERT_TRUE(model_->launchAtLogin().lastErrorMessage());
-    const std::string message = model_->launchAtLogin().lastErrorMessage()->toStdString();
-    EXPECT_THAT(texts(), Contains(message));
-    ASSERT_TRUE(inTheWay.remove());
-    click(control);
-    EXPECT_TRUE(control.isChecked());
-    EXPECT_TRUE(model_->launchAtLogin().isEnabled());
-    EXPECT_THAT(texts(), Not(Contains(message)));
 }
 
 TEST_F(Settings, AreReachedByTabInTheOrderInWhichTheyStandAndNamed) {

@@ -180,6 +180,9 @@ TEST_F(Resilient, AsksForEverythingOnceTheConnectionIsBack) {
 
 TEST_F(Resilient, TellsWhatIsLive) {
     watch({btc, eth});
+    report({.kind = Kind::lost});
+    clock_.advance(5s);
+    EXPECT_TRUE(status_.outage()) << "there was no network from the start";
     status_.notePrice(btc);
     report({.kind = Kind::opened});
     clock_.advance(16s);
@@ -197,6 +200,9 @@ TEST_F(Resilient, TellsWhatIsLive) {
     report({.kind = Kind::refused, .status = 429, .until = clock_.bootTime() + 60s});
     EXPECT_EQ(status_.outage()->status, 429) << "at once, it will not pass quickly";
     EXPECT_EQ(status_.outage()->until, clock_.now() + 60s);
+    clock_.advance(60s);
+    report({.kind = Kind::lost});
+    EXPECT_FALSE(status_.outage()->until) << "which is over";
     watch({});
     EXPECT_FALSE(status_.outage()) << "nothing is wanted";
 }

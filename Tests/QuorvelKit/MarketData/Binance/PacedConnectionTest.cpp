@@ -88,6 +88,8 @@ TEST_F(Paced, AttemptsAreASecondApartAndFiveAfterTwentyInVain) {
     EXPECT_EQ(pauseAfter(URLError::Code::timedOut), 5s);
     EXPECT_EQ(pauseAfter(URLError::Code::refused), 5s);
     paced_.heard();
+    EXPECT_EQ(pauseAfter(URLError::Code::connectionLost), 5s) << "it was dropped at once";
+    paced_.heard();
     clock_.advance(10s);
     paced_.heard();
     EXPECT_EQ(pauseAfter(URLError::Code::connectionLost), 0s) << "it worked, and long ago";
@@ -135,6 +137,7 @@ TEST_F(Paced, TellsWhenItOpensAndWhyItIsLost) {
     connect();
     EXPECT_TRUE(events_.empty());
     receive("frame");
+    EXPECT_EQ(events_.size(), 1U);
     receive("frame");
     fail(URLError::Code::connectionLost);
     ASSERT_EQ(events_.size(), 2U);
