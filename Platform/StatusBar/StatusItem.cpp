@@ -14,6 +14,8 @@
 
 namespace platform {
 
+using Kind = StatusItemPresentationKind;
+
 StatusItem::StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusConnection& bus,
                        StatusItemOptions options, QObject* parent)
     : StatusItemEvents(parent),
@@ -92,9 +94,22 @@ void StatusItem::show() {
         icon_->setContent(content_);
 }
 
+void StatusItem::setListed(bool isListed) {
+    if (std::exchange(isListed_, isListed) != isListed)
+        chooseSoon();
+}
+
+StatusItemDesktop StatusItem::usableDesktop() const {
+    StatusItemDesktop desktop = desktop_.desktop();
+    desktop.hasWatcher = desktop.hasWatcher && isListed_;
+    return desktop;
+}
+
 void StatusItem::chooseSoon() {
-    constexpr auto strip = StatusItemPresentationKind::strip;
-    const auto kind = StatusItemPresentationChoice::of(options_.presentation, desktop_.desktop());
+    constexpr auto strip = Kind::strip;
+    if (!desktop_.desktop().hasWatcher)
+        isListed_ = true; // which the next one has to show
+    const auto kind = StatusItemPresentationChoice::of(options_.presentation, usableDesktop());
     // A panel that has gone may come back, and to be ready for another kind would help nobody.
     if (kind_ && kind != strip && !desktop_.desktop().hasWatcher && !desktop_.desktop().hasTray)
         return;
@@ -107,9 +122,12 @@ void StatusItem::chooseSoon() {
     showIconBesideStrip();
 }
 
-void StatusItem::present(StatusItemPresentationKind kind) {
-    if (std::exchange(kind_, kind) == kind)
+void StatusItem::present(Kind kind) {
+    const bool keepsEmptyLabel = StatusItemPresentationChoice::keepsEmptyLabel(desktop_.desktop());
+    const bool isSame = keepsEmptyLabel_ == keepsEmptyLabel || kind != Kind::label;
+    if (std::exchange(kind_, kind) == kind && isSame)
         return;
+    keepsEmptyLabel_ = keepsEmptyLabel;
     // One goes before the other comes: both would be known by the same path on the bus.
     presentation_.reset();
     icon_.reset();
@@ -122,7 +140,7 @@ void StatusItem::present(StatusItemPresentationKind kind) {
 void StatusItem::showIconBesideStrip() {
     // Not registered in advance: a panel that comes up may make another presentation possible, and
     // is not to be shown two items.
-    if (kind_ != StatusItemPresentationKind::strip || !desktop_.desktop().hasWatcher) {
+    if (kind_ != Kind::strip || !desktop_.desktop().hasWatcher) {
         icon_.reset();
     } else if (!icon_) {
         icon_ = makeNotifierItem(StatusNotifierRendering::Style::icon);
@@ -131,17 +149,16 @@ void StatusItem::showIconBesideStrip() {
     }
 }
 
-std::unique_ptr<StatusItemPresentation>
-StatusItem::makePresentation(StatusItemPresentationKind kind) {
+std::unique_ptr<StatusItemPresentation> StatusItem::makePresentation(Kind kind) {
     using Style = StatusNotifierRendering::Style;
     switch (kind) {
-    case StatusItemPresentationKind::label:
+    case Kind::label:
         return makeNotifierItem(Style::iconAndLabel);
-    case StatusItemPresentationKind::image:
+    case Kind::image:
         return makeNotifierItem(Style::wideImage);
-    case StatusItemPresentationKind::dock:
+    case Kind::dock:
         return std::make_unique<DockWindow>(identity_, *this, tray_, appearance_);
-    case StatusItemPresentationKind::strip:
+    case Kind::strip:
         break;
     }
     return std::make_unique<StripWindow>(identity_, *this, options_.stripPosition);
@@ -149,8 +166,16 @@ StatusItem::makePresentation(StatusItemPresentationKind kind) {
 
 std::unique_ptr<StatusNotifierItem>
 StatusItem::makeNotifierItem(StatusNotifierRendering::Style style) {
-    const StatusNotifierRendering rendering(style, identity_, appearance_);
-    return std::make_unique<StatusNotifierItem>(identity_, rendering, bus_, clock_, *this);
+    using EmptyLabel = StatusNotifierRendering::EmptyLabel;
+    const StatusNotifierRendering rendering(
+        style, keepsEmptyLabel_ ? EmptyLabel::isKept : EmptyLabel::isLeftOut, identity_,
+        appearance_);
+    auto item = std::make_unique<StatusNotifierItem>(identity_, rendering, bus_, clock_, *this,
+                                                     ++notifierItems_);
+    // Which may end the item.
+    connect(item.get(), &StatusNotifierItem::listedChanged, this, &StatusItem::setListed,
+            Qt::QueuedConnection);
+    return item;
 }
 
 std::optional<QRect> StatusItem::frame() const {

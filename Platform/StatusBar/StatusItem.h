@@ -84,6 +84,8 @@ private:
     void set(Value& field, Value value, Urgency urgency);
     void schedule(Urgency urgency);
     void show();
+    void setListed(bool isListed);
+    StatusItemDesktop usableDesktop() const;
     void chooseSoon();
     void present(StatusItemPresentationKind kind);
     void showIconBesideStrip();
@@ -97,8 +99,11 @@ private:
     SystemAppearance appearance_;
     SystemTray tray_;
     StatusItemDesktopObserver desktop_;
+    bool isListed_ = true; ///< false: the desktop's watcher does not take the item
     std::optional<StatusItemPresentationKind> kind_; ///< of `presentation_`
+    bool keepsEmptyLabel_ = false;                   ///< so does it
     std::unique_ptr<StatusItemPresentation> presentation_;
+    int notifierItems_ = 0;                    ///< made so far
     std::unique_ptr<StatusNotifierItem> icon_; ///< beside a strip, where there is a watcher
     StatusItemContent content_;
     std::optional<StatusItemContent> shown_;

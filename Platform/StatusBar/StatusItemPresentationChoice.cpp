@@ -112,4 +112,10 @@ Kind StatusItemPresentationChoice::of(std::optional<Kind> preferred,
     return preferred && isPossible(*preferred, desktop) ? *preferred : fitting(desktop);
 }
 
+bool StatusItemPresentationChoice::keepsEmptyLabel(const StatusItemDesktop& desktop) {
+    const bool isHidden = desktop.watcherProcess.isEmpty();
+    return desktop.watcherProcess == u"gnome-shell" ||
+           (isHidden && desktop.names.contains(u"GNOME", Qt::CaseInsensitive));
+}
+
 } // namespace platform

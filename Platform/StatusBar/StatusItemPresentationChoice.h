@@ -16,6 +16,10 @@ struct StatusItemPresentationChoice {
     ///                  item invisible, such as a label without a panel, gives way to what fits.
     static StatusItemPresentationKind of(std::optional<StatusItemPresentationKind> preferred,
                                          const StatusItemDesktop& desktop);
+
+    /// Whether the desktop's panel has to find a label at its first look, be it empty, in order to
+    /// show one ever.
+    static bool keepsEmptyLabel(const StatusItemDesktop& desktop);
 };
 
 } // namespace platform

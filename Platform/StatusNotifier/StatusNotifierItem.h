@@ -24,19 +24,34 @@ namespace platform {
 /// Makes itself known whenever a panel's watcher appears, which may be before, after or several
 /// times during the life of the item, and once a panel listens to that watcher: one that is just
 /// starting may miss an item that comes between its first look and its listening. Never waits for
-/// an answer of a panel, nor longer than `hostPatience` for one that listens.
+/// an answer of a panel, nor longer than `hostPatience` for one that listens. Then looks whether
+/// the watcher lists the item, and makes it known again where it does not.
 class StatusNotifierItem final : public QObject, public StatusItemPresentation {
     Q_OBJECT
 
 public:
     static constexpr std::chrono::seconds hostPatience{2};
 
-    /// What is handed in by reference must outlive the item.
+    /// How long a watcher has to list the item.
+    static constexpr std::chrono::seconds listingPatience{5};
+
+    /// The least time between two registrations with one watcher.
+    static constexpr std::chrono::seconds registrationInterval{10};
+
+    /// An item that is not listed for so long will hardly be seen.
+    static constexpr std::chrono::seconds longestUnlisted{20};
+
+    /// What is handed in by reference must outlive the item. For `ordinal` see the object's.
     StatusNotifierItem(const StatusItemIdentity& identity, StatusNotifierRendering rendering,
-                       const QDBusConnection& bus, Clock& clock, StatusItemEvents& events);
+                       const QDBusConnection& bus, Clock& clock, StatusItemEvents& events,
+                       int ordinal);
     ~StatusNotifierItem() override;
 
     void setContent(const StatusItemContent& content) override;
+
+Q_SIGNALS:
+    /// A watcher is there, and lists the item; or it has not done so for `longestUnlisted`.
+    void listedChanged(bool isListed);
 
 private Q_SLOTS:
     void registerForHost();
@@ -44,12 +59,13 @@ private Q_SLOTS:
 private:
     void appear();
     Task<> findHost();
+    Task<> stayRegistered();
+    Task<bool> isListed();
     void registerWithWatcher();
 
     StatusNotifierRendering rendering_;
     QDBusConnection bus_;
     Clock& clock_;
-    QString serviceName_;
     StatusNotifierObject object_;
     DBusMenu menu_;
     QDBusServiceWatcher watcher_;
@@ -57,6 +73,7 @@ private:
     bool isOnBus_ = false;
     std::unique_ptr<ClockTimer> patience_; ///< there while a panel that listens is waited for
     TaskHandle hostSearch_;
+    TaskHandle registration_;
 };
 
 } // namespace platform

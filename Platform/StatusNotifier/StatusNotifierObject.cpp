@@ -11,14 +11,16 @@
 
 namespace platform {
 
-const QString StatusNotifierObject::path = QStringLiteral("/StatusNotifierItem");
 const QString StatusNotifierObject::menuPath = QStringLiteral("/MenuBar");
 
 StatusNotifierObject::StatusNotifierObject(const StatusItemIdentity& identity,
-                                           StatusItemEvents& events)
+                                           StatusItemEvents& events, int ordinal)
     : DBusObject(QStringLiteral("org.kde.StatusNotifierItem"), nullptr),
       identity_(identity),
-      events_(events) {
+      events_(events),
+      path_(QStringLiteral("/StatusNotifierItem")) {
+    if (ordinal > 1)
+        path_ += u'/' + QString::number(ordinal);
     registerStatusNotifierTypes();
     addMethods();
 }
@@ -38,8 +40,9 @@ void StatusNotifierObject::addMethods() {
     addMethod("XAyatanaSecondaryActivate", "u", "", activateAtPointer);
     addMethod("ContextMenu", "ii", "", ignore);
     addMethod("Scroll", "is", "", ignore);
-    // Title, status and the other icons never change.
+    // Title and the other icons never change.
     addSignal("NewIcon", "");
+    addSignal("NewStatus", "s");
     addSignal("NewToolTip", "");
     addSignal("XAyatanaNewLabel", "ss");
 }
@@ -74,9 +77,8 @@ QVariantMap StatusNotifierObject::properties() const {
         {QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menuPath))},
         {QStringLiteral("XAyatanaOrderingIndex"), 0U},
     };
-    // One panel drops an item whose label is there but empty.
-    if (!state_.label.isEmpty()) {
-        all.insert(QStringLiteral("XAyatanaLabel"), state_.label);
+    if (state_.label) {
+        all.insert(QStringLiteral("XAyatanaLabel"), *state_.label);
         all.insert(QStringLiteral("XAyatanaLabelGuide"), state_.labelGuide);
     }
     return all;
@@ -86,15 +88,19 @@ QList<QDBusMessage> StatusNotifierObject::setState(StatusNotifierState state) {
     const StatusNotifierState previous = std::exchange(state_, std::move(state));
     QList<QDBusMessage> changes;
     if (state_.iconName != previous.iconName || state_.iconPixmaps != previous.iconPixmaps)
-        changes += signalMessage(path, QStringLiteral("NewIcon"));
+        changes += signalMessage(path_, QStringLiteral("NewIcon"));
     // The arguments matter: panels take the label from them and do not read it again. Empty ones
     // take the label away.
     if (state_.label != previous.label || state_.labelGuide != previous.labelGuide)
-        changes += signalMessage(path, QStringLiteral("XAyatanaNewLabel"),
-                                 {state_.label, state_.labelGuide});
+        changes += signalMessage(path_, QStringLiteral("XAyatanaNewLabel"),
+                                 {state_.label.value_or(QString()), state_.labelGuide});
     if (state_.toolTip != previous.toolTip || state_.toolTipBody != previous.toolTipBody)
-        changes += signalMessage(path, QStringLiteral("NewToolTip"));
+        changes += signalMessage(path_, QStringLiteral("NewToolTip"));
     return changes;
+}
+
+QDBusMessage StatusNotifierObject::farewell() const {
+    return signalMessage(path_, QStringLiteral("NewStatus"), {QStringLiteral("Passive")});
 }
 
 } // namespace platform

@@ -34,8 +34,10 @@ StatusNotifierState StatusNotifierRendering::render(const StatusItemContent& con
         return state_;
     }
     if (style_ == Style::iconAndLabel) {
-        state_.label = content.title.plainText();
-        state_.labelGuide = guideOf(state_.label);
+        const QString text = content.title.plainText();
+        state_.label = text.isEmpty() && emptyLabel_ == EmptyLabel::isLeftOut ? std::nullopt
+                                                                              : std::optional(text);
+        state_.labelGuide = guideOf(text);
     }
     StatusItemImage image = content.image;
     image.isShown = image.isShown || style_ == Style::icon;

@@ -30,10 +30,16 @@ public:
         wideImage,
     };
 
-    /// Both must outlive this.
-    StatusNotifierRendering(Style style, const StatusItemIdentity& identity,
+    /// What the item does with its label while there is no text.
+    enum class EmptyLabel {
+        isLeftOut, ///< as one panel drops an item whose label is there but empty
+        isKept,    ///< as another never shows a label that its first reading lacked
+    };
+
+    /// Both references must outlive this.
+    StatusNotifierRendering(Style style, EmptyLabel emptyLabel, const StatusItemIdentity& identity,
                             const SystemAppearance& appearance)
-        : style_(style), identity_(identity), appearance_(appearance) {}
+        : style_(style), emptyLabel_(emptyLabel), identity_(identity), appearance_(appearance) {}
 
     /// @param isForNewPanel whether the panel has just come up, and what was made for another one
     ///                      may not be there any more
@@ -44,6 +50,7 @@ private:
     IconPixmapList wideImages(const StatusItemContent& content) const;
 
     Style style_;
+    EmptyLabel emptyLabel_;
     const StatusItemIdentity& identity_;
     const SystemAppearance& appearance_;
     /// What the icon in `state_` was made of.

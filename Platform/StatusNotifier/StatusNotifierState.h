@@ -7,12 +7,14 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace platform {
 
 /// What a status item says of itself on the bus and may change.
 struct StatusNotifierState {
-    /// Empty: the item has no label, and says so by not having the property.
-    QString label;
+    /// Absent: the item has no label, and says so by not having the property.
+    std::optional<QString> label;
 
     /// The text that a panel should keep room for, so that neighbours do not jump at each price.
     QString labelGuide;

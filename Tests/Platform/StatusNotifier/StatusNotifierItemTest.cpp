@@ -19,13 +19,33 @@ protected:
     }
 };
 
-TEST_F(StatusNotifierItem, RegistersByANameOfItsOwnThatItOwns) {
+TEST_F(StatusNotifierItem, RegistersByItsPathAndSaysWhenItGoes) {
     showItem();
-    EXPECT_TRUE(service_.startsWith(
-        QStringLiteral("org.kde.StatusNotifierItem-%1-").arg(QCoreApplication::applicationPid())));
+    EXPECT_TRUE(service_.startsWith(u':'));
     EXPECT_EQ(property("Id"), QStringLiteral("quorvel"));
     item_.reset();
-    EXPECT_EQ(call("/", "org.freedesktop.DBus.Peer", "Ping").type(), QDBusMessage::ErrorMessage);
+    EXPECT_FALSE(property("Id").isValid());
+    const auto told = panel_.takeSignals();
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told.back().arguments(), QVariantList{QStringLiteral("Passive")});
+}
+
+TEST_F(StatusNotifierItem, RegistersAgainWhereTheWatcherDoesNotListIt) {
+    const auto registrationsAfter = [this](std::chrono::milliseconds time) {
+        clock_.advance(time);
+        QTest::qWait(20); // questions and answers pass over the bus
+        return watcher_->registered().size();
+    };
+    watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);
+    watcher_->setLosesItems(true);
+    makeItem();
+    waitForRegistrations(1);
+    EXPECT_EQ(registrationsAfter(5s), 1);
+    EXPECT_EQ(registrationsAfter(4999ms), 1);
+    watcher_->setLosesItems(false);
+    EXPECT_EQ(registrationsAfter(1ms), 2);
+    registrationsAfter(5s);
+    EXPECT_EQ(registrationsAfter(1min), 2) << "it is listed";
 }
 
 TEST_F(StatusNotifierItem, RegistersWhenTheWatcherComesLateComesBackOrIsReplaced) {

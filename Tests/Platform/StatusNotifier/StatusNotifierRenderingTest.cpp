@@ -13,6 +13,7 @@
 
 using namespace platform;
 using Style = StatusNotifierRendering::Style;
+using EmptyLabel = StatusNotifierRendering::EmptyLabel;
 
 namespace {
 
@@ -30,7 +31,9 @@ protected:
         }
     }
 
-    StatusNotifierRendering rendering(Style style) { return {style, identity_, appearance_}; }
+    StatusNotifierRendering rendering(Style style, EmptyLabel emptyLabel = EmptyLabel::isLeftOut) {
+        return {style, emptyLabel, identity_, appearance_};
+    }
 
     QTemporaryDir icons_;
     StatusItemIdentity identity_{QStringLiteral("quorvel"), QStringLiteral("Quorvel"),
@@ -48,8 +51,10 @@ TEST_F(StatusNotifierRenderings, LabelKeepsRoomForTheWidestDigitsAndIsLeftOutWhe
     EXPECT_EQ(full.toolTip, content_.toolTip);
     content_.title = {};
     const auto empty = label.render(content_, false);
-    EXPECT_EQ(empty.label, QString());
+    EXPECT_EQ(empty.label, std::nullopt);
     EXPECT_EQ(empty.labelGuide, QString());
+    EXPECT_EQ(rendering(Style::iconAndLabel, EmptyLabel::isKept).render(content_, false).label,
+              QString());
     EXPECT_EQ(empty.iconName, full.iconName);
 }
 
@@ -100,7 +105,7 @@ TEST_F(StatusNotifierRenderings, AnIconBesideATextShownElsewhereIsThereWhateverT
     const auto shown = rendering(Style::icon).render(content_, false);
     content_.image.isShown = false;
     EXPECT_EQ(rendering(Style::icon).render(content_, false), shown);
-    EXPECT_EQ(shown.label, QString());
+    EXPECT_EQ(shown.label, std::nullopt);
     EXPECT_EQ(shown.toolTip, content_.toolTip);
 }
 
@@ -113,7 +118,7 @@ TEST_F(StatusNotifierRenderings, AWideImageIsOnePictureInTwoSizesAndNothingElseT
     EXPECT_GT(state.iconPixmaps[0].width, 60);
     EXPECT_EQ(state.iconPixmaps[1].width, 2 * state.iconPixmaps[0].width);
     EXPECT_EQ(state.iconName, QString());
-    EXPECT_EQ(state.label, QString());
+    EXPECT_EQ(state.label, std::nullopt);
     EXPECT_EQ(state.toolTip, content_.toolTip);
     content_.image.isShown = false;
     EXPECT_LT(wide.render(content_, false).iconPixmaps[0].width, state.iconPixmaps[0].width);

@@ -73,6 +73,7 @@ public:
     WindowUser panel() const;
     bool isSettingsOpen() const { return findWindow("Quorvel Settings", false) != nullptr; }
     WindowUser settings() const;
+    FakeStatusNotifierWatcher& watcher() { return *watcher_; }
     bool isStripShown() const { return findWindow("Quorvel", true) != nullptr; }
     WindowUser strip() const;
     QWidget& row(const char* base) const { return panel().control(pairName(base)); }

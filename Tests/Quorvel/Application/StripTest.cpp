@@ -135,6 +135,18 @@ TEST_F(Strip, MakesWayForAWindowThatFillsTheScreen) {
     EXPECT_TRUE(test::waitUntil([this] { return app.isStripShown(); }));
 }
 
+TEST_F(Strip, IsThereWhileThePanelLosesTheItem) {
+    app.watcher().setLosesItems(true);
+    app.launch();
+    for (const bool losesItems : {true, false}) {
+        app.watcher().setLosesItems(losesItems);
+        EXPECT_TRUE(test::waitUntil([&] {
+            app.pass(1s);
+            return app.isStripShown() == losesItems;
+        })) << losesItems;
+    }
+}
+
 TEST_F(Strip, FollowsTheTheme) {
     launch("interfaceAppearance=dark");
     const auto ground = [this] {

@@ -42,11 +42,20 @@ bool FakeStatusNotifierWatcher::handleMessage(const QDBusMessage& message, const
         bus_.send(message.createReply(QVariant::fromValue(QDBusVariant(hasHost_))));
         return true;
     }
+    if (message.member() == QStringLiteral("Get") &&
+        message.arguments().value(1) == QStringLiteral("RegisteredStatusNotifierItems")) {
+        bus_.send(message.createReply(QVariant::fromValue(QDBusVariant(listed_))));
+        return true;
+    }
     if (message.member() != QStringLiteral("RegisterStatusNotifierItem")) {
         ADD_FAILURE() << "Unexpected call of " << qPrintable(message.member());
         return false;
     }
-    registered_.append(message.arguments().value(0).toString());
+    const QString path = message.arguments().value(0).toString();
+    EXPECT_TRUE(path.startsWith(QStringLiteral("/StatusNotifierItem")));
+    registered_.append(message.service());
+    if (!losesItems_)
+        listed_.append(message.service() + path);
     if (!readsBeforeAnswering_) {
         answer(message);
         return true;

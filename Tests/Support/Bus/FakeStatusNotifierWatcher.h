@@ -22,7 +22,10 @@ public:
     /// A panel begins to listen.
     void addHost();
 
-    /// What items registered as, in order.
+    /// From now on takes registrations without listing what is registered.
+    void setLosesItems(bool losesItems) { losesItems_ = losesItems; }
+
+    /// Who registered an item, in order.
     const QStringList& registered() const { return registered_; }
 
     /// From now on reads an item's properties before it answers the item's registration.
@@ -40,6 +43,8 @@ private:
     QDBusConnection bus_;
     bool hasHost_;
     QStringList registered_;
+    QStringList listed_;
+    bool losesItems_ = false;
     bool readsBeforeAnswering_ = false;
     int answerCount_ = 0;
 };
