@@ -199,6 +199,18 @@ TEST_F(Application, AddsWhatIsSearchedFor) {
     EXPECT_TRUE(user.find(u"SOLUSDT, 150.00"_s));
 }
 
+TEST_F(Application, AsksForAListThatFailedAgainWhenThePanelOpens) {
+    app.haveWatchlist({"BTC"});
+    app.launch();
+    app.exchange().pairs.setException(std::make_exception_ptr(std::runtime_error("no network")));
+    app.exchange().pairs.finish();
+    app.pass(0s);
+    app.exchange().calls.clear();
+    app.openPanel();
+    app.pass(0s);
+    EXPECT_THAT(app.exchange().calls, Contains("pairs"));
+}
+
 TEST_F(Application, OrdersPinsAndRemovesByTheRowsMenu) {
     launch();
     auto user = app.openPanel();
@@ -427,8 +439,14 @@ TEST_F(Application, ShowsNoOldPriceOfAPairThatIsNotTraded) {
     app.quote("HALTED", "7");
     auto user = app.openPanel();
     EXPECT_TRUE(user.find(u"HALTEDUSDT, not traded"_s));
-    EXPECT_TRUE(user.find(u"BTCUSDT, no price yet"_s));
     EXPECT_FALSE(user.find(u"HALTEDUSDT, 7"_s));
+    EXPECT_TRUE(user.find(u"BTCUSDT, no price yet"_s));
+    app.quote("BTC", "70000");
+    EXPECT_THAT(user.toolTip(app.row("BTC")).toStdString(), StartsWith("Price of "));
+    const QImage traded = user.picture(app.row("BTC"));
+    app.report({.kind = quorvel::ConnectionEvent::Kind::untraded, .pairs = {{"BTC", "USDT"}}});
+    EXPECT_NE(user.picture(app.row("BTC")), traded);
+    EXPECT_EQ(user.toolTip(app.row("BTC")), u"Not traded on the exchange"_s);
 }
 
 TEST_F(Application, ShowsChangesOfTheWatchlistInTheItemAtOnce) {

@@ -10,11 +10,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTest>
+#include <QToolTip>
 
 #include <stdexcept>
 
@@ -178,6 +180,15 @@ std::vector<std::string> WindowUser::texts() const {
             texts.push_back(label->text().toStdString());
     }
     return texts;
+}
+
+QString WindowUser::toolTip(QWidget& widget) {
+    const QPoint middle = widget.rect().center();
+    QHelpEvent help(QEvent::ToolTip, middle, widget.mapToGlobal(middle));
+    QApplication::sendEvent(&widget, &help);
+    const QString text = QToolTip::text();
+    QToolTip::hideText();
+    return text;
 }
 
 QImage WindowUser::picture(const QWidget& widget) const {

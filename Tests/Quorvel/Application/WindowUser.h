@@ -28,6 +28,9 @@ public:
     QWidget* find(const QString& name) const;
     QWidget& control(const QString& name) const;
 
+    /// What is told where the pointer rests on a widget; empty where nothing is.
+    static QString toolTip(QWidget& widget);
+
     /// Clicks into the middle of the control, or on another place in it.
     void press(const QString& name);
     void click(QWidget& widget, Qt::MouseButton button = Qt::LeftButton);

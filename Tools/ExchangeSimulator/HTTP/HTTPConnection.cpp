@@ -68,6 +68,10 @@ void HTTPConnection::drip(const QByteArray& bytes, qsizetype piece,
         [this, rest = bytes.sliced(piece), piece, pause] { drip(rest, piece, pause); });
 }
 
+int HTTPConnection::clientPort() const {
+    return socket_->peerPort();
+}
+
 std::pair<QTcpSocket*, QByteArray> HTTPConnection::takeSocket() {
     QTcpSocket* socket = std::exchange(socket_, nullptr);
     socket->disconnect(this);

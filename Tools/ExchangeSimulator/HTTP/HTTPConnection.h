@@ -33,6 +33,8 @@ public:
     /// Keeps `held` until the request last handed over is answered or its client has gone.
     void holdUntilAnswered(std::shared_ptr<void> held) { held_ = std::move(held); }
 
+    int clientPort() const;
+
     /// Gives the socket away, without a parent, and with it the bytes received behind the request.
     std::pair<QTcpSocket*, QByteArray> takeSocket();
 

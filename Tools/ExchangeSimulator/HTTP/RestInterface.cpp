@@ -48,11 +48,11 @@ std::optional<QStringList> symbolList(const QString& text) {
 /// One request from its arrival until it is answered or given up; logs both.
 class RestInterface::Exchange {
 public:
-    Exchange(RestInterface& rest, const HTTPRequest& request)
+    Exchange(RestInterface& rest, const HTTPRequest& request, int clientPort)
         : rest_(rest), target_(request.target) {
         ++rest_.requestCount_;
         rest_.mostInFlight_ = std::max(rest_.mostInFlight_, ++rest_.inFlight_);
-        record(QStringLiteral("request"), {});
+        record(QStringLiteral("request"), {{QStringLiteral("clientPort"), clientPort}});
     }
     ~Exchange() {
         --rest_.inFlight_;
@@ -78,7 +78,7 @@ private:
 };
 
 void RestInterface::handle(HTTPConnection& connection, const HTTPRequest& request) {
-    const auto exchange = std::make_shared<Exchange>(*this, request);
+    const auto exchange = std::make_shared<Exchange>(*this, request, connection.clientPort());
     connection.holdUntilAnswered(exchange);
     const RestOverride change = takeOverride(request.path()).value_or(RestOverride());
     if (change.hang)

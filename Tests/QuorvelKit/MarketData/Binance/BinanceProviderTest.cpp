@@ -6,6 +6,7 @@
 #include "Platform/Foundation/SystemClock.h"
 #include "Platform/JSON/DecodingError.h"
 #include "Platform/Network/URLError.h"
+#include "QuorvelKit/MarketData/HTTPTransportError.h"
 #include "Tests/Support/MarketSamples.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/SimulatorProcess.h"
@@ -86,6 +87,27 @@ TEST_F(Provider, PassesErrorsOnFromTheNetworkThread) {
     EXPECT_EQ(runTask(candles()).size(), 42u);
     simulator_.kill();
     EXPECT_TRUE(errorOf<platform::URLError>(candles()));
+}
+
+TEST_F(Provider, AsksNothingWhileTheExchangeWantsSilence) {
+    answerCandles(R"("status":429,"headers":{"Retry-After":"60"})");
+    EXPECT_TRUE(errorOf<HTTPTransportError>(candles()));
+    answerCandles(R"("reset":true)");
+    EXPECT_TRUE(errorOf<HTTPTransportError>(candles()));
+    EXPECT_EQ(simulator_.details(QStringLiteral("request")).size(), 1);
+}
+
+TEST_F(Provider, StampsSnapshotsWithTheExchangesTime) {
+    simulator_.control("clock", R"({"offsetMs":-600000})");
+    simulator_.control(
+        "rest",
+        R"({"path":"/api/v3/ticker/24hr","body":)"
+        R"("[{\"symbol\":\"BTCUSDT\",\"lastPrice\":\"1\",\"priceChangePercent\":\"0\"}]"})");
+    runTask(candles()); // whose answer tells the time
+    const auto snapshot = runTask(provider_->snapshot({btc}));
+    ASSERT_EQ(snapshot.size(), 1U);
+    const auto late = clock_.now() - snapshot[0].timestamp;
+    EXPECT_NEAR(late.count(), 600, 2);
 }
 
 TEST_F(Provider, MayGoWhileCallsAreUnderWay) {
