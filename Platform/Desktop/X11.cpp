@@ -86,6 +86,11 @@ void setProperty(quint32 window, const char* name, const char* type,
                         static_cast<quint32>(values.size()), values.data());
 }
 
+void keepOutOfLists(quint32 window) {
+    setProperty(window, "_NET_WM_STATE", "ATOM",
+                {atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER")});
+}
+
 std::optional<QPoint> positionOf(quint32 window) {
     const auto reply = owned(xcb_translate_coordinates_reply(
         connection(), xcb_translate_coordinates(connection(), window, rootWindow(), 0, 0),

@@ -36,6 +36,9 @@ QByteArray windowManager();
 void setProperty(quint32 window, const char* name, const char* type,
                  const std::vector<quint32>& values);
 
+/// Keeps a window that has not been shown yet out of taskbars, pagers and switchers.
+void keepOutOfLists(quint32 window);
+
 /// Where a window is on the display, in its pixels; absent where the window has gone.
 std::optional<QPoint> positionOf(quint32 window);
 

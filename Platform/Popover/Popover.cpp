@@ -6,6 +6,7 @@
 #include "Platform/Appearance/SystemColors.h"
 #include "Platform/Desktop/Compositing.h"
 #include "Platform/Desktop/DevicePixels.h"
+#include "Platform/Desktop/X11.h"
 #include "Platform/Popover/PopoverPlacement.h"
 
 #include <QApplication>
@@ -89,6 +90,8 @@ void Popover::showPlaced() {
     adoptCompositing();
     layout()->activate();
     place();
+    if (!isVisible() && x11::connection())
+        x11::keepOutOfLists(static_cast<quint32>(winId()));
     show();
     raise();
     activateWindow();

@@ -21,7 +21,7 @@ enum class TextHabit {
 };
 
 /// By the watcher's process, else, where that is none of these or cannot be seen, by the desktop.
-constexpr std::array<std::pair<QStringView, TextHabit>, 14> habits{{
+constexpr std::array<std::pair<QStringView, TextHabit>, 16> habits{{
     {u"gnome-shell", TextHabit::drawsLabel},
     // The services of indicator applets, whose names are longer than a process's may be.
     {u"ayatana-indicat", TextHabit::drawsLabel},
@@ -29,6 +29,8 @@ constexpr std::array<std::pair<QStringView, TextHabit>, 14> habits{{
     {u"mate-panel", TextHabit::drawsLabel},
     {u"notification-ar", TextHabit::drawsLabel},
     {u"waybar", TextHabit::drawsWideImage},
+    {u"xapp-sn-watcher", TextHabit::drawsWideImage},
+    {u"X-Cinnamon", TextHabit::drawsWideImage},
     {u"lxqt-panel", TextHabit::drawsNone},
     // Plasma's watcher is not in its shell but in its service daemon.
     {u"kded5", TextHabit::drawsNone},

@@ -16,8 +16,9 @@ struct StripPosition {
 
     Edge edge = Edge::top;
 
-    /// How far along the edge, from the left or the top: 0 to 1.
-    double fraction = 1;
+    /// How far along the edge, from the left or the top: 0 to 1. At first between the title of a
+    /// window that fills the screen and its buttons, which are at one end or the other.
+    double fraction = 0.75;
 
     /// From a text such as `top,1.0`; absent for any other.
     static std::optional<StripPosition> fromString(const QString& text);

@@ -79,6 +79,8 @@ void StripWindow::presentToWindowManager() {
     // and below those that fill the screen.
     x11::setProperty(window, "_NET_WM_WINDOW_TYPE", "ATOM",
                      {x11::atom("_NET_WM_WINDOW_TYPE_DOCK")});
+    // Which of a dock is not understood by all of them.
+    x11::keepOutOfLists(window);
     constexpr quint32 allDesktops = 0xffff'ffff;
     x11::setProperty(window, "_NET_WM_DESKTOP", "CARDINAL", {allDesktops});
     // The toolkit offers to take the keyboard when asked, which it would refuse afterwards.

@@ -60,7 +60,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"tint2", "", "", "tint2", Kind::strip}, Case{"nothing", "", "", "", Kind::strip},
         Case{"nothingWithoutX", "", "", "", Kind::label, false},
         Case{"unknownPanel", "Budgie", "budgie-panel", "", Kind::label},
-        Case{"hiddenWatcher", "X-Cinnamon", "?", "", Kind::label},
+        Case{"cinnamon", "X-Cinnamon", "xapp-sn-watcher", "cinnamon", Kind::image},
+        Case{"hiddenWatcher", "Budgie", "?", "", Kind::label},
         Case{"hiddenWatcherOnPlasma", "KDE", "?", "", Kind::strip},
         Case{"hiddenWatcherOnXfce", "xubuntu:xfce", "?", "xfce4-panel", Kind::dock}),
     [](const auto& info) { return std::string(info.param.name); });

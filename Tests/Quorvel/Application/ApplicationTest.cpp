@@ -402,6 +402,8 @@ TEST_F(Application, SaysSinceWhenAndWhyPricesAreNotLive) {
     user.press(u"Try Again"_s);
     app.pass(300ms);
     EXPECT_THAT(app.exchange().calls, ElementsAre("snapshot BTC ETH"));
+    app.report({.kind = Kind::refused, .status = 403});
+    EXPECT_FALSE(user.find(u"Use the Data-Only Mirror"_s)) << "which is for another refusal";
     app.report({.kind = Kind::refused, .status = 451});
     EXPECT_THAT(user.texts(), Contains(HasSubstr("\nThe exchange does not serve this place.")));
     app.report({.kind = Kind::opened});

@@ -46,15 +46,16 @@ protected:
     test::ComposedApplication app;
 };
 
-TEST_F(Strip, LiesInItsCornerAndOpensThePanelBesideIt) {
+TEST_F(Strip, LiesBesideTheButtonsOfWindowsAndOpensThePanelBesideIt) {
     launch();
     EXPECT_EQ(strip().accessibleName(), u"BTC 70,000.00 +1.00% ▲"_s);
-    EXPECT_EQ(strip().geometry().topRight(), screen().topRight() + QPoint(-4, 4));
+    EXPECT_EQ(strip().y(), 4);
+    EXPECT_GT(strip().x(), screen().width() / 2) << "beside the title of a window that is there";
+    EXPECT_LT(strip().geometry().right(), screen().width() - 150) << "and its buttons";
     const int width = strip().width();
     app.quote("BTC", "7");
     app.pass(1s);
     EXPECT_LT(strip().width(), width) << "as wide as its text";
-    EXPECT_EQ(strip().geometry().topRight(), screen().topRight() + QPoint(-4, 4));
     app.strip().click(strip());
     ASSERT_TRUE(app.isPanelOpen());
     EXPECT_GT(app.panel().window().x(), screen().center().x());
@@ -73,6 +74,11 @@ TEST_F(Strip, IsADockOnEveryDesktopThatNeverHasTheKeyboard) {
     EXPECT_THAT(property("_NET_WM_WINDOW_TYPE"),
                 ElementsAre(x11::atom("_NET_WM_WINDOW_TYPE_DOCK")));
     EXPECT_THAT(property("_NET_WM_DESKTOP"), ElementsAre(0xffff'ffff));
+    app.strip().click(strip());
+    for (const QWidget* const window : {&strip(), &app.panel().window()})
+        EXPECT_THAT(x11::property(static_cast<quint32>(window->winId()), "_NET_WM_STATE"),
+                    testing::IsSupersetOf({x11::atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                                           x11::atom("_NET_WM_STATE_SKIP_PAGER")}));
     EXPECT_THAT(property("WM_PROTOCOLS"), Not(Contains(x11::atom("WM_TAKE_FOCUS"))));
 }
 
