@@ -33,7 +33,7 @@ TEST_F(StatusNotifierItem, RegistersByItsPathAndSaysWhenItGoes) {
 TEST_F(StatusNotifierItem, RegistersAgainWhereTheWatcherDoesNotListIt) {
     const auto registrationsAfter = [this](std::chrono::milliseconds time) {
         clock_.advance(time);
-        QTest::qWait(20); // questions and answers pass over the bus
+        QTest::qWait(100); // questions and answers pass over the bus
         return watcher_->registered().size();
     };
     watcher_ = std::make_unique<test::FakeStatusNotifierWatcher>(panelBus_);

@@ -6,6 +6,7 @@
 #include "Tests/Support/WaitUntil.h"
 
 #include <QScreen>
+#include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -147,6 +148,7 @@ TEST_F(Strip, IsThereWhileThePanelLosesTheItem) {
     for (const bool losesItems : {true, false}) {
         app.watcher().setLosesItems(losesItems);
         EXPECT_TRUE(test::waitUntil([&] {
+            QTest::qWait(50); // a question and its answer pass over the bus
             app.pass(1s);
             return app.isStripShown() == losesItems;
         })) << losesItems;

@@ -63,6 +63,15 @@ TEST_F(Provider, CarriesQuotesFromTheWireAndClosesInOrder) {
     EXPECT_EQ(closed[0][u"code"].toInt(), 1001);
 }
 
+TEST_F(Provider, DropsAnEventFromTheFutureOnceTheTimeIsKnown) {
+    runTask(candles()); // whose answer tells it
+    subscribe({btc});
+    simulator_.control("push", R"({"symbol":"BTCUSDT","price":"1","time":4102444800000})");
+    simulator_.control("push", R"({"symbol":"BTCUSDT","price":"2"})");
+    ASSERT_TRUE(waitUntil([&] { return !quotes_.empty(); }));
+    EXPECT_EQ(quotes_[0].lastPrice, decimal("2"));
+}
+
 TEST_F(Provider, IsNotCutOffForItsCommands) {
     subscribe({btc});
     for (const SymbolSet& symbols : {SymbolSet{eth}, SymbolSet{ada}, SymbolSet{sol}})
