@@ -62,6 +62,13 @@ class Network(Session):
         self.simulator.control("rest", path="/api/v3/exchangeInfo", reset=True)
         self.assert_label("BTC 65,432.10 +1.23% ▲", 18)
         self.assert_becomes(lambda: len(self.simulator.requests("/api/v3/exchangeInfo")), 2, 15)
+        mute, other = self.simulator.requests("/api/v3/exchangeInfo")
+        self.assertNotEqual(mute["clientPort"], other["clientPort"], "a mute one was used again")
+
+    def test_a_handshake_that_hangs_holds_no_price_up(self):
+        self.simulator.control("handshake", mode="hang")
+        self.start()
+        self.assert_label("BTC 65,432.10 +1.23% ▲", 3)
 
     def test_where_the_exchange_does_not_serve_it_is_said(self):
         self.simulator.control("handshake", mode="refuse", status=451,
@@ -74,6 +81,8 @@ class Network(Session):
         self.assertLessEqual(self.simulator.control("state")["handshakes"] - attempts, 5)
 
     def test_one_bad_pair_harms_itself_only(self):
+        # Known from a list that unpacks to much more than it weighs.
+        self.simulator.control("exchangeInfo", bytes=11_000_000)
         self.profile.watch("BTC*", "NOSUCH", "ETH")
         self.simulator.control("walk", running=False)
         self.start_with_prices()
