@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Platform/Async/AsyncStream.h"
 #include "Platform/Async/FutureAwaiter.h"
 #include "Platform/Async/SleepFor.h"
 #include "Platform/Async/TaskScope.h"
@@ -14,7 +13,6 @@
 
 #include <stdexcept>
 #include <string>
-#include <thread>
 
 using namespace platform;
 using namespace std::chrono_literals;
@@ -215,40 +213,3 @@ TEST(FutureAwaiter, ThrowsWhenThereIsNoResult) {
     EXPECT_TRUE(broken);
     EXPECT_TRUE(invalid);
 }
-
-#if defined(QT_DEBUG) && !defined(__SANITIZE_ADDRESS__)
-
-namespace {
-
-void awaitOwnEnd() {
-    const auto waitForSelf = [](TaskHandle& self) -> Task<> { co_await self.finished(); };
-    TaskHandle handle;
-    handle = startTask(waitForSelf(handle));
-    test::drainEvents();
-}
-
-void consumeTwice() {
-    auto made = AsyncStream<int>::make();
-    const auto consume = [](AsyncStream<int>& from) -> Task<> { co_await from.next(); };
-    const auto first = startTask(consume(made.first));
-    const auto second = startTask(consume(made.first));
-    test::drainEvents();
-}
-
-void cancelElsewhere() {
-    auto handle = startTask(throwing("never"));
-    std::jthread([&handle] { handle.cancel(); });
-}
-
-} // namespace
-
-TEST(TaskDeathTest, AssertsAgainstMisuse) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(static_cast<void>(startTask(Task<>())), "empty task");
-    EXPECT_DEATH(static_cast<void>(TaskHandle().finished()), "no task to wait for");
-    EXPECT_DEATH(awaitOwnEnd(), "its own end");
-    EXPECT_DEATH(consumeTwice(), "one consumer");
-    EXPECT_DEATH(cancelElsewhere(), "currentThread");
-}
-
-#endif

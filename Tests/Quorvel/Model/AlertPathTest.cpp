@@ -152,16 +152,6 @@ TEST_F(AlertPath, DropsTheRulesOfPairsThatAreNotWatchedAtStart) {
     EXPECT_EQ(stored(QStringLiteral("alerts.json.damaged")), QByteArray());
 }
 
-TEST_F(AlertPath, KeepsTheRulesAsideWhereTheWatchlistWasDamaged) {
-    make();
-    addRule(1, AlertRule::RepeatMode::once(), doge);
-    const QByteArray before = stored(QStringLiteral("alerts.json"));
-    make("[{\"symbol\":");
-    start();
-    EXPECT_THAT(model_->alerts().rules(), IsEmpty());
-    EXPECT_EQ(stored(QStringLiteral("alerts.json.damaged")), before);
-}
-
 TEST_F(AlertPath, TakesEverythingOfARemovedPairAway) {
     make();
     addRule(100);

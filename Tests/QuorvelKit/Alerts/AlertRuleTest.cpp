@@ -7,21 +7,14 @@
 #include "Tests/QuorvelKit/Alerts/AlertSamples.h"
 #include "Tests/Support/Cases.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <bit>
-#include <cstdint>
-#include <limits>
 #include <stdexcept>
 #include <string>
 
 using namespace quorvel;
 using namespace test;
-using platform::Date;
 using platform::DecodingError;
-using platform::TimeInterval;
-using testing::ElementsAre;
 using enum AlertConditionKind;
 
 namespace {
@@ -52,23 +45,6 @@ TEST(AlertRule, IsReadInAnyOrderAndCaseWithKeysItDoesNotKnow) {
             R"("condition":{"other":0,"changeFallsBelow":{"_0":-5.0,"_1":2}},)"
             R"("symbol":{"quote":"USDT","base":"ETH"},"id":"9b1deb4d-3B7D-4bad-9BDD-2b0d7b3dcb6d"})"),
         onceETH);
-}
-
-TEST(AlertRule, HasAHashOfEachField) {
-    const std::hash<AlertRule> hash;
-    const auto differs = [&hash](auto change) {
-        AlertRule other = repeatingBTC;
-        change(other);
-        return hash(other) != hash(repeatingBTC);
-    };
-    EXPECT_TRUE(differs([](AlertRule& rule) { *rule.lastTriggeredAt += TimeInterval(1); }));
-    EXPECT_TRUE(differs([](AlertRule& rule) { rule.lastTriggeredAt.reset(); }));
-    EXPECT_TRUE(differs([](AlertRule& rule) { rule.repeatMode.cooldown = TimeInterval(901); }));
-    EXPECT_TRUE(differs([](AlertRule& rule) { rule.condition.kind = priceFallsBelow; }));
-    EXPECT_FALSE(differs([](AlertRule& rule) { rule.condition.threshold = decimal("7.00e4"); }));
-    const auto zero = AlertRule::RepeatMode::repeating(TimeInterval(0.0));
-    EXPECT_EQ(zero.hash(), AlertRule::RepeatMode::repeating(TimeInterval(-0.0)).hash());
-    EXPECT_NE(zero.hash(), AlertRule::RepeatMode::once().hash());
 }
 
 TEST(AlertRule, IsRefusedWithTheKindAndPlaceOfTheDamage) {
@@ -141,19 +117,6 @@ TEST(AlertRule, KeepsEveryDigitOfAThreshold) {
     }
 }
 
-TEST(AlertRule, KeepsEveryBitOfInstantsAndCooldowns) {
-    const auto bits = [](TimeInterval time) { return std::bit_cast<std::uint64_t>(time.count()); };
-    for (const double seconds :
-         {785000000.12345684, 0.1 + 0.2, 1e-300, -0.0, std::numeric_limits<double>::max()}) {
-        AlertRule rule = repeatingBTC;
-        rule.lastTriggeredAt = Date(TimeInterval(seconds));
-        rule.repeatMode.cooldown = TimeInterval(seconds);
-        const auto read = valueOf<AlertRule>(textOf(rule));
-        EXPECT_EQ(bits(read.lastTriggeredAt->time_since_epoch()), bits(TimeInterval(seconds)));
-        EXPECT_EQ(bits(*read.repeatMode.cooldown), bits(TimeInterval(seconds)));
-    }
-}
-
 TEST(AlertCondition, DescribesItself) {
     const auto description = [](AlertConditionKind kind, const char* threshold) {
         return condition(kind, decimal(threshold)).description().toStdString();
@@ -162,14 +125,6 @@ TEST(AlertCondition, DescribesItself) {
     EXPECT_EQ(description(priceFallsBelow, "0.5"), "Falls below 0.5");
     EXPECT_EQ(description(changeRisesAbove, "5"), "Gain exceeds +5.00%");
     EXPECT_EQ(description(changeFallsBelow, "5"), "Loss exceeds +5.00%");
-}
-
-TEST(AlertConditionKind, ListsItsCasesForTheForm) {
-    std::vector<std::string> labels;
-    for (const AlertConditionKind kind : allCases<AlertConditionKind>())
-        labels.push_back(label(kind).toStdString() + (isPercentage(kind) ? " %" : ""));
-    EXPECT_THAT(labels, ElementsAre("Price rises above", "Price falls below", "Gain exceeds %",
-                                    "Loss exceeds %"));
 }
 
 } // namespace

@@ -33,14 +33,6 @@ protected:
 
 } // namespace
 
-TEST_F(AlertFile, HasItsPlaces) {
-    EXPECT_EQ(path_, directory_.filePath(QStringLiteral("share/Quorvel/alerts.json")));
-    EXPECT_EQ(FileAlertPersistence::temporaryLocation(files_),
-              directory_.filePath(QStringLiteral("quorvel-alerts.json")));
-    const FileManager nowhere(QStringLiteral("/dev/null/share"), directory_.path());
-    EXPECT_THROW(FileAlertPersistence::standardLocation(nowhere), platform::FileError);
-}
-
 TEST_F(AlertFile, HoldsTheRulesInOrderWithoutWhiteSpace) {
     EXPECT_THAT(persistence_.load(), IsEmpty());
     persistence_.save({repeatingBTC, onceETH});
