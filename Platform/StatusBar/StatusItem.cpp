@@ -31,7 +31,10 @@ StatusItem::StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusCon
             presentation_->setContent(*shown_);
     });
     connect(this, &StatusItemEvents::stripMoved, this,
-            [this](StripPosition position) { options_.stripPosition = position; });
+            [this](StripPosition position, const QString& screen) {
+                options_.stripPosition = position;
+                options_.stripScreen = screen;
+            });
     schedule(Urgency::immediate);
 }
 
@@ -161,7 +164,8 @@ std::unique_ptr<StatusItemPresentation> StatusItem::makePresentation(Kind kind) 
     case Kind::strip:
         break;
     }
-    return std::make_unique<StripWindow>(identity_, *this, options_.stripPosition);
+    return std::make_unique<StripWindow>(identity_, *this, options_.stripPosition,
+                                         options_.stripScreen);
 }
 
 std::unique_ptr<StatusNotifierItem>

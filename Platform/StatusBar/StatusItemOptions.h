@@ -16,6 +16,9 @@ struct StatusItemOptions {
     std::optional<StatusItemPresentationKind> presentation;
 
     StripPosition stripPosition;
+
+    /// The name of the screen with the strip; empty, or of one that is not there: the primary one.
+    QString stripScreen = {};
 };
 
 } // namespace platform

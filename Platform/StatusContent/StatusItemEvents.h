@@ -28,8 +28,8 @@ Q_SIGNALS:
     /// The user chose the menu entry with this `id`.
     void menuTriggered(int id);
 
-    /// The user dragged the item's strip there.
-    void stripMoved(platform::StripPosition position);
+    /// The user dragged the item's strip there, on the screen of that name.
+    void stripMoved(platform::StripPosition position, const QString& screen);
 };
 
 } // namespace platform

@@ -12,6 +12,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -43,8 +44,10 @@ Qt::WindowFlags stripFlags() {
 } // namespace
 
 StripWindow::StripWindow(const StatusItemIdentity& identity, StatusItemEvents& events,
-                         StripPosition position)
-    : StatusItemView(identity, events, stripFlags(), contentInset), position_(position) {
+                         StripPosition position, QString screen)
+    : StatusItemView(identity, events, stripFlags(), contentInset),
+      position_(position),
+      screen_(std::move(screen)) {
     setAttribute(Qt::WA_TranslucentBackground);
     // Not every window manager puts windows that fill the screen above docks.
     connect(&fullScreen_, &FullScreenWatch::changed, this, &StripWindow::showUnlessCovered);
@@ -120,7 +123,9 @@ void StripWindow::followScreen(QScreen& screen) {
 }
 
 QScreen& StripWindow::currentScreen() const {
-    return screen_ ? *screen_ : *QGuiApplication::primaryScreen();
+    const auto screens = QGuiApplication::screens();
+    const auto found = std::ranges::find(screens, screen_, &QScreen::name);
+    return found == screens.end() ? *QGuiApplication::primaryScreen() : **found;
 }
 
 QRect StripWindow::room() const {
@@ -170,8 +175,8 @@ void StripWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void StripWindow::dragTo(QPoint pointer) {
-    if (QScreen* const below = QGuiApplication::screenAt(pointer))
-        screen_ = below;
+    if (const QScreen* const below = QGuiApplication::screenAt(pointer))
+        screen_ = below->name();
     position_ = StripPosition::nearest(QRect(pointer - *pressedAt_, size()), room());
     place();
 }
@@ -181,7 +186,7 @@ void StripWindow::mouseReleaseEvent(QMouseEvent* event) {
         return;
     pressedAt_.reset();
     if (std::exchange(isDragged_, false))
-        Q_EMIT events().stripMoved(position_);
+        Q_EMIT events().stripMoved(position_, currentScreen().name());
     else
         StatusItemView::mouseReleaseEvent(event);
 }

@@ -7,7 +7,6 @@
 #include "Platform/StatusContent/StripPosition.h"
 #include "Platform/StatusWindows/StatusItemView.h"
 
-#include <QPointer>
 #include <QScreen>
 
 namespace platform {
@@ -19,9 +18,10 @@ class StripWindow final : public StatusItemView {
     Q_OBJECT
 
 public:
-    /// What is handed in by reference must outlive the window.
+    /// What is handed in by reference must outlive the window. While there is no screen of that
+    /// name it lies on the primary one.
     StripWindow(const StatusItemIdentity& identity, StatusItemEvents& events,
-                StripPosition position);
+                StripPosition position, QString screen = {});
 
     void setContent(const StatusItemContent& content) override;
     std::optional<QRect> frame() const override;
@@ -49,7 +49,7 @@ private:
 
     StripPosition position_;
     FullScreenWatch fullScreen_;
-    QPointer<QScreen> screen_;        ///< where it was dragged to; none: the primary one
+    QString screen_;                  ///< by name, where it was dragged to; empty: the primary one
     std::optional<QPoint> pressedAt_; ///< within the window
     bool isDragged_ = false;
     bool isComposited_ = true;

@@ -203,8 +203,8 @@ void AppDelegate::setUpStatusItem() {
     connect(statusItem_.get(), &StatusItem::activated, this, &AppDelegate::togglePopover);
     connect(statusItem_.get(), &StatusItem::clicked, this, [this] { togglePopover(std::nullopt); });
     connect(statusItem_.get(), &StatusItem::stripMoved, this,
-            [this](const platform::StripPosition& position) {
-                StatusItemPreferences::setStripPosition(environment_.defaults, position);
+            [this](const platform::StripPosition& position, const QString& screen) {
+                StatusItemPreferences::setStripPlace(environment_.defaults, position, screen);
             });
     connect(statusItem_.get(), &StatusItem::menuTriggered, this, &AppDelegate::chooseFromMenu);
     updateStatusItem(StatusItem::Urgency::immediate);

@@ -9,6 +9,7 @@ namespace {
 
 const auto presentationKey = QStringLiteral("statusItem.presentation");
 const auto stripPositionKey = QStringLiteral("statusItem.stripPosition");
+const auto stripScreenKey = QStringLiteral("statusItem.stripScreen");
 
 } // namespace
 
@@ -19,12 +20,14 @@ platform::StatusItemOptions StatusItemPreferences::options(const platform::UserD
         defaults.stringArray(stripPositionKey).value_or(QStringList()).join(QLatin1Char(','));
     return {.presentation = platform::statusItemPresentationKind(kind),
             .stripPosition =
-                platform::StripPosition::fromString(position).value_or(platform::StripPosition())};
+                platform::StripPosition::fromString(position).value_or(platform::StripPosition()),
+            .stripScreen = defaults.string(stripScreenKey).value_or(QString())};
 }
 
-void StatusItemPreferences::setStripPosition(platform::UserDefaults& defaults,
-                                             const platform::StripPosition& position) {
-    defaults.set(stripPositionKey, position.toString());
+void StatusItemPreferences::setStripPlace(platform::UserDefaults& defaults,
+                                          const platform::StripPosition& position,
+                                          const QString& screen) {
+    defaults.set({{stripPositionKey, position.toString()}, {stripScreenKey, screen}});
 }
 
 } // namespace quorvel

@@ -10,12 +10,12 @@ namespace quorvel {
 
 /// How the user wants the status item shown, as kept in the preferences.
 struct StatusItemPreferences {
-    /// From `statusItem.presentation` and `statusItem.stripPosition`; the default for what is
-    /// missing or unusable.
+    /// From `statusItem.presentation`, `statusItem.stripPosition` and `statusItem.stripScreen`; the
+    /// default for what is missing or unusable.
     static platform::StatusItemOptions options(const platform::UserDefaults& defaults);
 
-    static void setStripPosition(platform::UserDefaults& defaults,
-                                 const platform::StripPosition& position);
+    static void setStripPlace(platform::UserDefaults& defaults,
+                              const platform::StripPosition& position, const QString& screen);
 };
 
 } // namespace quorvel

@@ -100,6 +100,7 @@ TEST_F(Strip, StaysWhereItIsDraggedTo) {
     drag({-strip().x(), 300});
     EXPECT_FALSE(app.isPanelOpen());
     EXPECT_THAT(app.preference("statusItem.stripPosition").toStdString(), StartsWith("left,0."));
+    EXPECT_EQ(app.preference("statusItem.stripScreen"), strip().screen()->name());
     EXPECT_EQ(strip().x(), 4);
     app.strip().click(strip());
     EXPECT_LT(app.panel().window().x(), screen().center().x());
@@ -114,7 +115,7 @@ TEST_F(Strip, StaysWhereItIsDraggedTo) {
 }
 
 TEST_F(Strip, ComesBackToItsPlace) {
-    launch("statusItem.stripPosition=\"right,0.5\"");
+    launch("statusItem.stripPosition=\"right,0.5\"\nstatusItem.stripScreen=gone");
     EXPECT_EQ(strip().geometry().right(), screen().right() - 4);
     EXPECT_NEAR(strip().geometry().center().y(), screen().center().y(), 1);
 }
