@@ -22,7 +22,7 @@ StatusItem::StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusCon
       identity_(std::move(identity)),
       clock_(clock),
       bus_(bus),
-      options_(options),
+      options_(std::move(options)),
       appearance_(bus, clock),
       desktop_(bus, tray_, clock) {
     connect(&desktop_, &StatusItemDesktopObserver::changed, this, &StatusItem::chooseSoon);

@@ -21,7 +21,6 @@
 
 using namespace quorvel;
 using testing::Contains;
-using testing::Not;
 
 namespace {
 
