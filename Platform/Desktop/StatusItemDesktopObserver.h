@@ -26,8 +26,9 @@ public:
     /// @param clock must outlive the observer
     StatusItemDesktopObserver(const QDBusConnection& bus, const SystemTray& tray, Clock& clock);
 
-    /// What is known. Before the first `changed`, that does not say much.
+    /// What is known. While `isKnown` is false, before the first `changed`, not much.
     const StatusItemDesktop& desktop() const { return desktop_; }
+    bool isKnown() const { return isKnown_; }
 
 Q_SIGNALS:
     /// Something has changed, or was asked for the first time.

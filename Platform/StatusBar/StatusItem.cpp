@@ -25,7 +25,10 @@ StatusItem::StatusItem(StatusItemIdentity identity, Clock& clock, const QDBusCon
       options_(std::move(options)),
       appearance_(bus, clock),
       desktop_(bus, tray_, clock) {
-    connect(&desktop_, &StatusItemDesktopObserver::changed, this, &StatusItem::chooseSoon);
+    connect(&desktop_, &StatusItemDesktopObserver::changed, this, [this] {
+        chooseSoon();
+        Q_EMIT desktopChanged();
+    });
     connect(&appearance_, &SystemAppearance::preferredChanged, this, [this] {
         if (presentation_ && shown_)
             presentation_->setContent(*shown_);
@@ -54,6 +57,16 @@ void StatusItem::setToolTip(QString toolTip, Urgency urgency) {
 
 void StatusItem::setNotice(std::optional<QString> notice) {
     set(content_.notice, std::move(notice), Urgency::immediate);
+}
+
+void StatusItem::setPreferredPresentation(std::optional<Kind> kind) {
+    if (std::exchange(options_.presentation, kind) != kind)
+        chooseSoon();
+}
+
+void StatusItem::setTextShownElsewhere(bool isShown) {
+    if (std::exchange(isTextShownElsewhere_, isShown) != isShown)
+        chooseSoon();
 }
 
 void StatusItem::setMenu(std::vector<MenuEntry> entries) {
@@ -108,15 +121,24 @@ StatusItemDesktop StatusItem::usableDesktop() const {
     return desktop;
 }
 
+Kind StatusItem::fittingKind() const {
+    return isTextShownElsewhere_
+               ? Kind::icon
+               : StatusItemPresentationChoice::of(options_.presentation, usableDesktop());
+}
+
 void StatusItem::chooseSoon() {
     constexpr auto strip = Kind::strip;
+    if (!desktop_.isKnown())
+        return;
+    const bool hasPanel = desktop_.desktop().hasWatcher || desktop_.desktop().hasTray;
     if (!desktop_.desktop().hasWatcher)
         isListed_ = true; // which the next one has to show
-    const auto kind = StatusItemPresentationChoice::of(options_.presentation, usableDesktop());
+    const auto kind = fittingKind();
     // A panel that has gone may come back, and to be ready for another kind would help nobody.
-    if (kind_ && kind != strip && !desktop_.desktop().hasWatcher && !desktop_.desktop().hasTray)
+    if (manner_ && kind != strip && !hasPanel && !isTextShownElsewhere_)
         return;
-    if (kind != strip || kind_ == strip || options_.presentation == strip) {
+    if (kind != strip || (manner_ && manner_->kind == strip) || options_.presentation == strip) {
         patience_.reset();
         present(kind);
     } else if (!patience_) {
@@ -126,11 +148,14 @@ void StatusItem::chooseSoon() {
 }
 
 void StatusItem::present(Kind kind) {
-    const bool keepsEmptyLabel = StatusItemPresentationChoice::keepsEmptyLabel(desktop_.desktop());
-    const bool isSame = keepsEmptyLabel_ == keepsEmptyLabel || kind != Kind::label;
-    if (std::exchange(kind_, kind) == kind && isSame)
+    const Manner manner{.kind = kind,
+                        .keepsEmptyLabel =
+                            kind == Kind::label &&
+                            StatusItemPresentationChoice::keepsEmptyLabel(desktop_.desktop()),
+                        .isTextShownElsewhere = isTextShownElsewhere_};
+    if (manner_ == manner)
         return;
-    keepsEmptyLabel_ = keepsEmptyLabel;
+    manner_ = manner;
     // One goes before the other comes: both would be known by the same path on the bus.
     presentation_.reset();
     icon_.reset();
@@ -143,7 +168,7 @@ void StatusItem::present(Kind kind) {
 void StatusItem::showIconBesideStrip() {
     // Not registered in advance: a panel that comes up may make another presentation possible, and
     // is not to be shown two items.
-    if (kind_ != Kind::strip || !desktop_.desktop().hasWatcher) {
+    if (!manner_ || manner_->kind != Kind::strip || !desktop_.desktop().hasWatcher) {
         icon_.reset();
     } else if (!icon_) {
         icon_ = makeNotifierItem(StatusNotifierRendering::Style::icon);
@@ -161,6 +186,8 @@ std::unique_ptr<StatusItemPresentation> StatusItem::makePresentation(Kind kind) 
         return makeNotifierItem(Style::wideImage);
     case Kind::dock:
         return std::make_unique<DockWindow>(identity_, *this, tray_, appearance_);
+    case Kind::icon:
+        return makeNotifierItem(isTextShownElsewhere_ ? Style::spareIcon : Style::icon);
     case Kind::strip:
         break;
     }
@@ -172,8 +199,8 @@ std::unique_ptr<StatusNotifierItem>
 StatusItem::makeNotifierItem(StatusNotifierRendering::Style style) {
     using EmptyLabel = StatusNotifierRendering::EmptyLabel;
     const StatusNotifierRendering rendering(
-        style, keepsEmptyLabel_ ? EmptyLabel::isKept : EmptyLabel::isLeftOut, identity_,
-        appearance_);
+        style, manner_ && manner_->keepsEmptyLabel ? EmptyLabel::isKept : EmptyLabel::isLeftOut,
+        identity_, appearance_);
     auto item = std::make_unique<StatusNotifierItem>(identity_, rendering, bus_, clock_, *this,
                                                      ++notifierItems_);
     // Which may end the item.

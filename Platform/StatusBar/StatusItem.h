@@ -71,6 +71,16 @@ public:
     /// this program draws them, and the tooltip tells it. Absent: nothing is wrong.
     void setNotice(std::optional<QString> notice);
 
+    /// Shows the item in another way, at once where that can be had. Absent: what fits the desktop.
+    void setPreferredPresentation(std::optional<StatusItemPresentationKind> kind);
+
+    /// Where something else shows the text, the item is an icon that panels may put away, and there
+    /// is no strip.
+    void setTextShownElsewhere(bool isShown);
+
+    /// What there is on the desktop for the item.
+    const StatusItemDesktop& desktop() const { return desktop_.desktop(); }
+
     /// Must be called in the turn of the event loop in which the item was made, if at all. The ids
     /// of entries that are no separators must differ.
     void setMenu(std::vector<MenuEntry> entries);
@@ -79,7 +89,19 @@ public:
     /// is a panel's, which does not tell.
     std::optional<QRect> frame() const;
 
+Q_SIGNALS:
+    void desktopChanged();
+
 private:
+    /// What decides how a presentation is made.
+    struct Manner {
+        StatusItemPresentationKind kind;
+        bool keepsEmptyLabel = false;
+        bool isTextShownElsewhere = false;
+
+        bool operator==(const Manner&) const = default;
+    };
+
     template <typename Value>
     void set(Value& field, Value value, Urgency urgency);
     void schedule(Urgency urgency);
@@ -87,6 +109,7 @@ private:
     void setListed(bool isListed);
     StatusItemDesktop usableDesktop() const;
     void chooseSoon();
+    StatusItemPresentationKind fittingKind() const;
     void present(StatusItemPresentationKind kind);
     void showIconBesideStrip();
     std::unique_ptr<StatusItemPresentation> makePresentation(StatusItemPresentationKind kind);
@@ -100,8 +123,8 @@ private:
     SystemTray tray_;
     StatusItemDesktopObserver desktop_;
     bool isListed_ = true; ///< false: the desktop's watcher does not take the item
-    std::optional<StatusItemPresentationKind> kind_; ///< of `presentation_`
-    bool keepsEmptyLabel_ = false;                   ///< so does it
+    bool isTextShownElsewhere_ = false;
+    std::optional<Manner> manner_; ///< of `presentation_`
     std::unique_ptr<StatusItemPresentation> presentation_;
     int notifierItems_ = 0;                    ///< made so far
     std::unique_ptr<StatusNotifierItem> icon_; ///< beside a strip, where there is a watcher

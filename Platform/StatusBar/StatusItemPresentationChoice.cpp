@@ -13,6 +13,9 @@ namespace {
 
 using Kind = StatusItemPresentationKind;
 
+/// In the order of the enumerators.
+constexpr std::array<QStringView, 5> names{u"label", u"image", u"dock", u"strip", u"icon"};
+
 /// What a panel does with the text of an item on the bus.
 enum class TextHabit {
     drawsLabel,
@@ -51,7 +54,8 @@ bool isXfce(QStringView process) {
             process[place.size()].isDigit());
 }
 
-TextHabit habitOf(const StatusItemDesktop& desktop) {
+/// Absent where nobody has looked at the panel.
+std::optional<TextHabit> knownHabit(const StatusItemDesktop& desktop) {
     if (isXfce(desktop.watcherProcess))
         return TextHabit::drawsNone;
     for (const QString& name : QStringList(desktop.watcherProcess) + desktop.names) {
@@ -61,8 +65,7 @@ TextHabit habitOf(const StatusItemDesktop& desktop) {
         if (found != habits.end())
             return found->second;
     }
-    // Nothing is lost if it draws none: there is the icon, and the text in its tooltip.
-    return TextHabit::drawsLabel;
+    return std::nullopt;
 }
 
 /// Trays that give a docked window the width it asks for. Others crop it to a square, and most
@@ -78,6 +81,7 @@ bool isPossible(Kind kind, const StatusItemDesktop& desktop) {
     switch (kind) {
     case Kind::label:
     case Kind::image:
+    case Kind::icon:
         return desktop.hasWatcher;
     case Kind::dock:
         return desktop.isX11 && desktop.hasTray;
@@ -88,7 +92,9 @@ bool isPossible(Kind kind, const StatusItemDesktop& desktop) {
 }
 
 Kind fitting(const StatusItemDesktop& desktop) {
-    const TextHabit habit = desktop.hasWatcher ? habitOf(desktop) : TextHabit::drawsNone;
+    // Nothing is lost if an unknown one draws none: there is the icon, and the text in its tooltip.
+    const TextHabit habit = desktop.hasWatcher ? knownHabit(desktop).value_or(TextHabit::drawsLabel)
+                                               : TextHabit::drawsNone;
     if (habit == TextHabit::drawsLabel)
         return Kind::label;
     if (habit == TextHabit::drawsWideImage)
@@ -102,16 +108,40 @@ Kind fitting(const StatusItemDesktop& desktop) {
 } // namespace
 
 std::optional<Kind> statusItemPresentationKind(QStringView name) {
-    // In the order of the enumerators.
-    static constexpr std::array<QStringView, 4> names{u"label", u"image", u"dock", u"strip"};
     const auto* const found = std::ranges::find(names, name);
     return found == names.end() ? std::nullopt
                                 : std::optional(static_cast<Kind>(found - names.begin()));
 }
 
+QString name(Kind kind) {
+    return names.at(static_cast<std::size_t>(kind)).toString();
+}
+
 Kind StatusItemPresentationChoice::of(std::optional<Kind> preferred,
                                       const StatusItemDesktop& desktop) {
     return preferred && isPossible(*preferred, desktop) ? *preferred : fitting(desktop);
+}
+
+std::optional<StatusItemPresentationChoice::Obstacle>
+StatusItemPresentationChoice::obstacle(Kind kind, const StatusItemDesktop& desktop) {
+    const auto when = [](bool holds, Obstacle obstacle) {
+        return holds ? std::optional(obstacle) : std::nullopt;
+    };
+    if (kind == Kind::dock)
+        return when(!isPossible(kind, desktop), Obstacle::noTray);
+    if (kind == Kind::strip)
+        return when(!isPossible(kind, desktop), Obstacle::noPlacement);
+    if (!isPossible(kind, desktop))
+        return Obstacle::noPanel;
+    const auto habit = knownHabit(desktop);
+    if (kind == Kind::label)
+        return when(habit == TextHabit::drawsNone, Obstacle::noText);
+    const bool isSquare = habit == TextHabit::drawsNone || keepsEmptyLabel(desktop);
+    return when(kind == Kind::image && isSquare, Obstacle::squareIcons);
+}
+
+bool StatusItemPresentationChoice::isPanelKnown(const StatusItemDesktop& desktop) {
+    return !desktop.hasWatcher || knownHabit(desktop);
 }
 
 bool StatusItemPresentationChoice::keepsEmptyLabel(const StatusItemDesktop& desktop) {

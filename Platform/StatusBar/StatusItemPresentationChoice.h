@@ -17,6 +17,20 @@ struct StatusItemPresentationChoice {
     static StatusItemPresentationKind of(std::optional<StatusItemPresentationKind> preferred,
                                          const StatusItemDesktop& desktop);
 
+    /// Why what a kind shows would not be seen; absent where it would be, as far as is known.
+    enum class Obstacle {
+        noPanel,     ///< nothing here shows status items
+        noText,      ///< the panel writes no text beside an icon
+        squareIcons, ///< the panel shows a wide picture cut or shrunk to a square
+        noTray,      ///< nothing here takes windows into a tray
+        noPlacement, ///< windows cannot be placed here
+    };
+    static std::optional<Obstacle> obstacle(StatusItemPresentationKind kind,
+                                            const StatusItemDesktop& desktop);
+
+    /// Whether it is known what the desktop's panel makes of an item's text. True without a panel.
+    static bool isPanelKnown(const StatusItemDesktop& desktop);
+
     /// Whether the desktop's panel has to find a label at its first look, be it empty, in order to
     /// show one ever.
     static bool keepsEmptyLabel(const StatusItemDesktop& desktop);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 #include <optional>
@@ -15,9 +16,12 @@ enum class StatusItemPresentationKind {
     image, ///< icon, text and arrows as one wide picture in the panel
     dock,  ///< a window inside the panel's tray
     strip, ///< a slim window at the screen's edge
+    icon,  ///< an icon in the panel, and no text but its tooltip's
 };
 
 /// The kind called `name`, as the enumerator is; absent for any other name.
 std::optional<StatusItemPresentationKind> statusItemPresentationKind(QStringView name);
+
+QString name(StatusItemPresentationKind kind);
 
 } // namespace platform

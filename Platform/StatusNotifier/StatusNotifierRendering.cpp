@@ -27,6 +27,7 @@ QString guideOf(QString label) {
 
 StatusNotifierState StatusNotifierRendering::render(const StatusItemContent& content,
                                                     bool isForNewPanel) {
+    state_.isPassive = style_ == Style::spareIcon;
     state_.toolTip = content.toolTip;
     state_.toolTipBody = content.notice.value_or(QString());
     if (style_ == Style::wideImage) {
@@ -40,7 +41,7 @@ StatusNotifierState StatusNotifierRendering::render(const StatusItemContent& con
         state_.labelGuide = guideOf(text);
     }
     StatusItemImage image = content.image;
-    image.isShown = image.isShown || style_ == Style::icon;
+    image.isShown = image.isShown || style_ != Style::iconAndLabel;
     // The icon's file may have been cleaned away since.
     if (isForNewPanel || image_ != image)
         takeImage(image);

@@ -24,6 +24,9 @@ public:
         /// whatever the content says, since there would be nothing else.
         icon,
 
+        /// An icon that panels may put away among those that are rarely needed.
+        spareIcon,
+
         /// Icon and text painted into one picture, for panels that show it in its natural width.
         /// There is no icon file, which a panel would prefer, and no square picture, which it might
         /// pick.

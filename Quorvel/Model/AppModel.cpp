@@ -41,6 +41,7 @@ AppModel::AppModel(Collaborators collaborators)
       quotes_(clock_),
       settings_(collaborators.settings),
       exchange_(collaborators.exchange),
+      presentation_(collaborators.presentation),
       launchAtLogin_(std::move(collaborators.loginService)),
       notifications_(std::move(collaborators.delivering)),
       languageAtLaunch_(settings_.language()),

@@ -10,6 +10,7 @@
 #include "Platform/Services/Workspace.h"
 #include "Quorvel/Model/CandleLoader.h"
 #include "Quorvel/Model/ExchangeChoice.h"
+#include "Quorvel/Model/PresentationChoice.h"
 #include "QuorvelKit/Alerts/AlertStore.h"
 #include "QuorvelKit/Alerts/NotificationCoordinator.h"
 #include "QuorvelKit/Feed/FeedStatus.h"
@@ -59,6 +60,7 @@ public:
         FeedStatus& feed;
         SettingsStore& settings;
         ExchangeChoice& exchange;
+        PresentationChoice& presentation;
         std::unique_ptr<NotificationDelivering> delivering;
         std::unique_ptr<LaunchAtLoginManaging> loginService;
         platform::Workspace& workspace;
@@ -81,6 +83,7 @@ public:
     WatchlistStore& watchlist() { return watchlist_; }
     SettingsStore& settings() { return settings_; }
     ExchangeChoice& exchange() { return exchange_; }
+    PresentationChoice& presentation() { return presentation_; }
     LaunchAtLoginController& launchAtLogin() { return launchAtLogin_; }
     AlertStore& alerts() { return alerts_; }
     NotificationCoordinator& notifications() { return notifications_; }
@@ -182,6 +185,7 @@ private:
     CandleCache candles_;
     SettingsStore& settings_;
     ExchangeChoice& exchange_;
+    PresentationChoice& presentation_;
     LaunchAtLoginController launchAtLogin_;
     NotificationCoordinator notifications_;
     AppLanguage languageAtLaunch_;

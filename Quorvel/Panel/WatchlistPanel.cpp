@@ -60,11 +60,13 @@ WatchlistPanel::WatchlistPanel(AppModel& model, std::function<void()> onOpenSett
     sections->addLayout(top);
     addWatchlist(*top, *sections);
     sections->addLayout(bottom);
+    addQuestion(*bottom);
     addMessages(*bottom);
     bottom->addWidget(new Divider(this));
     addFooter(*bottom);
     followModel();
     refreshWarning();
+    refreshQuestion();
     refreshMessages();
 }
 
@@ -113,17 +115,33 @@ void WatchlistPanel::addMessages(QVBoxLayout& layout) {
     loadError_ = addMessage(layout, Label::Tone::secondary, captionSize);
     tryAgain_ = makeButton(localized("Quorvel", "Try Again"), "tryAgain");
     mirror_ = makeButton(localized("Quorvel", "Use the Data-Only Mirror"), "mirror");
-    auto* const remedies = new QHBoxLayout;
-    remedies->addWidget(tryAgain_);
-    remedies->addWidget(mirror_);
-    remedies->addStretch();
-    layout.addLayout(remedies);
+    addButtons(layout, {tryAgain_, mirror_});
     connect(tryAgain_, &QPushButton::clicked, &model_, &AppModel::catchUp);
     connect(mirror_, &QPushButton::clicked, this, [this] {
         model_.exchange().chooseMirror();
         model_.relaunchApplication();
     });
     hint_ = addMessage(layout, Label::Tone::tertiary, smallCaptionSize);
+}
+
+void WatchlistPanel::addQuestion(QVBoxLayout& layout) {
+    question_ = addMessage(layout, Label::Tone::primary, captionSize);
+    yes_ = makeButton(localized("Quorvel", "Yes"), "pricesSeen");
+    otherwise_ = makeButton(localized("Quorvel", "No, Show Them Otherwise…"), "pricesUnseen");
+    addButtons(layout, {yes_, otherwise_});
+    connect(yes_, &QPushButton::clicked, &model_.presentation(), &PresentationChoice::confirm);
+    connect(otherwise_, &QPushButton::clicked, this, [this] {
+        model_.presentation().confirm();
+        onOpenSettings_();
+    });
+}
+
+void WatchlistPanel::addButtons(QVBoxLayout& layout, std::initializer_list<QPushButton*> buttons) {
+    auto* const line = new QHBoxLayout;
+    for (QPushButton* const button : buttons)
+        line->addWidget(button);
+    line->addStretch();
+    layout.addLayout(line);
 }
 
 QPushButton* WatchlistPanel::makeButton(const QString& text, const char* name) {
@@ -158,6 +176,8 @@ void WatchlistPanel::followModel() {
             &WatchlistPanel::refreshMessages);
     connect(&model_.watchlist(), &WatchlistStore::lastPersistErrorChanged, this,
             &WatchlistPanel::refreshMessages);
+    connect(&model_.presentation(), &PresentationChoice::questionChanged, this,
+            &WatchlistPanel::refreshQuestion);
     connect(&model_, &AppModel::loadErrorChanged, this, &WatchlistPanel::refreshMessages);
     connect(&model_.feed(), &FeedStatus::outageChanged, this, &WatchlistPanel::refreshMessages);
 }
@@ -170,6 +190,15 @@ void WatchlistPanel::refreshWarning() {
                              ? std::optional(localized(
                                    "Quorvel", "Notifications are off — alerts can't be delivered"))
                              : std::nullopt);
+}
+
+void WatchlistPanel::refreshQuestion() {
+    const bool isDue = model_.presentation().isQuestionDue();
+    question_->setMessage(
+        isDue ? std::optional(localized("Quorvel", "Can you see the prices in the panel?"))
+              : std::nullopt);
+    for (QPushButton* const answer : {yes_, otherwise_})
+        answer->setVisible(isDue);
 }
 
 void WatchlistPanel::refreshMessages() {
@@ -211,9 +240,9 @@ bool WatchlistPanel::focusNextPrevChild(bool isNext) {
         stops.push_back(row);
         stops.push_back(&row->removeButton());
     }
-    for (QPushButton* const remedy : {tryAgain_, mirror_}) {
-        if (remedy->isVisible())
-            stops.push_back(remedy);
+    for (QPushButton* const button : {yes_, otherwise_, tryAgain_, mirror_}) {
+        if (button->isVisible())
+            stops.push_back(button);
     }
     stops.insert(stops.end(), {settings_, quit_});
     const auto found = std::ranges::find(stops, focusWidget());

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 
 class QLineEdit;
@@ -53,9 +54,12 @@ private:
     void addSearch(QVBoxLayout& layout);
     void addWatchlist(QVBoxLayout& top, QVBoxLayout& sections);
     void addMessages(QVBoxLayout& layout);
+    void addQuestion(QVBoxLayout& layout);
+    void addButtons(QVBoxLayout& layout, std::initializer_list<QPushButton*> buttons);
     void addFooter(QVBoxLayout& layout);
     void followModel();
     void refreshWarning();
+    void refreshQuestion();
     void refreshMessages();
     void addFirstResult();
     std::optional<std::ptrdiff_t> focusSteps(const QKeyEvent& event) const;
@@ -70,6 +74,9 @@ private:
     WatchlistRows* rows_ = nullptr;
     WatchlistList* list_ = nullptr;
     platform::Label* persistError_ = nullptr;
+    platform::Label* question_ = nullptr;
+    QPushButton* yes_ = nullptr;
+    QPushButton* otherwise_ = nullptr;
     platform::Label* outage_ = nullptr;
     platform::Label* loadError_ = nullptr;
     QPushButton* tryAgain_ = nullptr;

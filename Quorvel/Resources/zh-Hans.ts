@@ -335,5 +335,89 @@
         <source>It is tried again every few seconds.</source>
         <translation>每隔几秒会自动重试。</translation>
     </message>
+    <message>
+        <source>A slim window at the screen&apos;s edge; drag it where you like</source>
+        <translation>屏幕边缘的细长窗口，可拖到任意位置</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>Can you see the prices in the panel?</source>
+        <translation>您能在面板上看到价格吗？</translation>
+    </message>
+    <message>
+        <source>Docked window</source>
+        <translation>停靠窗口</translation>
+    </message>
+    <message>
+        <source>Icon only</source>
+        <translation>仅图标</translation>
+    </message>
+    <message>
+        <source>No, Show Them Otherwise…</source>
+        <translation>看不到，换种方式…</translation>
+    </message>
+    <message>
+        <source>Panel&apos;s label</source>
+        <translation>面板标签</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Prices in the tooltip and the popover alone</source>
+        <translation>价格仅显示在提示和弹出面板中</translation>
+    </message>
+    <message>
+        <source>Show prices in</source>
+        <translation>价格显示于</translation>
+    </message>
+    <message>
+        <source>Strip</source>
+        <translation>浮动条</translation>
+    </message>
+    <message>
+        <source>Text in the panel&apos;s own font, beside the icon</source>
+        <translation>以面板字体显示在图标旁的文字</translation>
+    </message>
+    <message>
+        <source>The line in colour, for panels that show wide pictures</source>
+        <translation>彩色行情，适用于能显示宽图片的面板</translation>
+    </message>
+    <message>
+        <source>The line in colour, in trays that take windows</source>
+        <translation>彩色行情，适用于可停靠窗口的托盘</translation>
+    </message>
+    <message>
+        <source>What fits this desktop</source>
+        <translation>适合当前桌面的方式</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>能</translation>
+    </message>
+    <message>
+        <source>No panel here shows status items</source>
+        <translation>这里没有显示状态图标的面板</translation>
+    </message>
+    <message>
+        <source>No tray here takes windows</source>
+        <translation>这里没有可停靠窗口的托盘</translation>
+    </message>
+    <message>
+        <source>This panel shows square icons only</source>
+        <translation>此面板只显示方形图标</translation>
+    </message>
+    <message>
+        <source>This panel writes no text beside icons</source>
+        <translation>此面板不在图标旁显示文字</translation>
+    </message>
+    <message>
+        <source>Windows can&apos;t be placed on this desktop</source>
+        <translation>此桌面上无法放置窗口</translation>
+    </message>
 </context>
 </TS>

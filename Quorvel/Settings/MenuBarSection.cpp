@@ -8,6 +8,7 @@
 #include "Quorvel/Settings/Choices.h"
 #include "Quorvel/Settings/FormFonts.h"
 #include "Quorvel/Settings/FormRow.h"
+#include "Quorvel/Settings/PresentationBox.h"
 
 #include <QCheckBox>
 #include <QSpinBox>
@@ -18,7 +19,7 @@ using platform::localized;
 
 namespace {
 
-QWidget* makeHint(const QString& text) {
+platform::Label* makeHint(const QString& text) {
     using platform::Label;
     auto* const hint = new Label(Label::Tone::secondary, FormFonts::caption);
     hint->setText(text);
@@ -37,8 +38,12 @@ int wholeSeconds(const DisplaySettings& display) {
 
 } // namespace
 
-MenuBarSection::MenuBarSection(SettingsStore& settings, QWidget* parent)
-    : FormSection(localized("Quorvel", "Menu Bar"), parent), settings_(settings) {
+MenuBarSection::MenuBarSection(SettingsStore& settings, PresentationChoice& presentation,
+                               QWidget* parent)
+    : FormSection(localized("Quorvel", "Menu Bar"), parent),
+      settings_(settings),
+      presentation_(presentation) {
+    addPresentation();
     addDisplay();
     addRotation();
     addSideBySide();
@@ -47,6 +52,19 @@ MenuBarSection::MenuBarSection(SettingsStore& settings, QWidget* parent)
     addSwitch(localized("Quorvel", "Show up/down arrow"), &DisplaySettings::showsDirectionArrow);
     connect(&settings, &SettingsStore::displayChanged, this, &MenuBarSection::refresh);
     refresh();
+}
+
+void MenuBarSection::addPresentation() {
+    auto* const hint = makeHint({});
+    auto* const row =
+        new FormRow(localized("Quorvel", "Show prices in"), makePresentationBox(presentation_));
+    const auto explain = [this, hint] {
+        hint->setText(presentationPurpose(presentation_.preferred()));
+    };
+    explain();
+    connect(&presentation_, &PresentationChoice::preferredChanged, hint, explain);
+    row->addHint(hint);
+    card().addRow(row);
 }
 
 void MenuBarSection::addDisplay() {

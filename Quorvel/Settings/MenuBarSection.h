@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "Quorvel/Model/PresentationChoice.h"
 #include "Quorvel/Settings/FormSection.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
 
@@ -17,10 +18,12 @@ class MenuBarSection final : public FormSection {
     Q_OBJECT
 
 public:
-    /// @param settings must outlive the section
-    explicit MenuBarSection(SettingsStore& settings, QWidget* parent = nullptr);
+    /// Both must outlive the section.
+    MenuBarSection(SettingsStore& settings, PresentationChoice& presentation,
+                   QWidget* parent = nullptr);
 
 private:
+    void addPresentation();
     void addDisplay();
     void addRotation();
     void addSideBySide();
@@ -29,6 +32,7 @@ private:
     void refresh();
 
     SettingsStore& settings_;
+    PresentationChoice& presentation_;
     QWidget* fixedHint_ = nullptr;
     FormRow* rotationRow_ = nullptr;
     QSpinBox* rotation_ = nullptr;

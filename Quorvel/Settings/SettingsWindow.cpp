@@ -80,7 +80,7 @@ QWidget* SettingsWindow::makeForm() {
     line->addLayout(sections);
     sections->setSpacing(sectionSpacing);
     sections->addWidget(makeUnsavedNotice());
-    sections->addWidget(new MenuBarSection(model_.settings()));
+    sections->addWidget(new MenuBarSection(model_.settings(), model_.presentation()));
     sections->addWidget(new AppearanceSection(model_.settings()));
     alerts_ = new AlertsSection(model_);
     sections->addWidget(alerts_);

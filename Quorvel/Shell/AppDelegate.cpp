@@ -6,9 +6,9 @@
 #include "Platform/Foundation/StringTable.h"
 #include "Platform/StatusNotifier/StatusItemIconFile.h"
 #include "Quorvel/Model/FeedTexts.h"
+#include "Quorvel/Model/StatusItemPreferences.h"
 #include "Quorvel/Settings/SettingsWindow.h"
 #include "Quorvel/Shell/StatusIcon.h"
-#include "Quorvel/Shell/StatusItemPreferences.h"
 #include "Quorvel/Shell/StatusMenu.h"
 #include "Quorvel/Shell/StatusTitle.h"
 #include "QuorvelKit/Alerts/SystemNotificationDelivering.h"
@@ -93,6 +93,7 @@ AppDelegate::AppDelegate(const Environment& environment)
     : environment_(environment),
       settings_(environment.defaults),
       exchange_(exchangeChoice(environment.defaults)),
+      presentation_(environment.defaults),
       tables_(preferredLanguages(settings_.language())),
       notificationCenter_(notificationSender(environment.iconDirectory), environment.sessionBus,
                           environment.clock),
@@ -102,6 +103,7 @@ AppDelegate::AppDelegate(const Environment& environment)
               .feed = feed_,
               .settings = settings_,
               .exchange = exchange_,
+              .presentation = presentation_,
               .delivering = std::make_unique<SystemNotificationDelivering>(notificationCenter_),
               .loginService = std::make_unique<SystemLaunchAtLoginService>(
                   loginItem(environment.autostartDirectory)),
@@ -206,6 +208,10 @@ void AppDelegate::setUpStatusItem() {
             [this](const platform::StripPosition& position, const QString& screen) {
                 StatusItemPreferences::setStripPlace(environment_.defaults, position, screen);
             });
+    connect(&presentation_, &PresentationChoice::preferredChanged, statusItem_.get(),
+            [this] { statusItem_->setPreferredPresentation(presentation_.preferred()); });
+    connect(statusItem_.get(), &StatusItem::desktopChanged, &presentation_,
+            [this] { presentation_.setDesktop(statusItem_->desktop()); });
     connect(statusItem_.get(), &StatusItem::menuTriggered, this, &AppDelegate::chooseFromMenu);
     updateStatusItem(StatusItem::Urgency::immediate);
 }

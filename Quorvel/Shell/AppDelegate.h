@@ -103,6 +103,7 @@ private:
     Environment environment_;
     SettingsStore settings_;
     ExchangeChoice exchange_;
+    PresentationChoice presentation_;
     platform::InstalledTables tables_; // before the model, which may have something to say
     platform::UserNotificationCenter notificationCenter_;
     platform::Workspace workspace_;

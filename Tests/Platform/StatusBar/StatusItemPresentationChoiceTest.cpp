@@ -87,10 +87,37 @@ TEST(StatusItemPresentationChoice, HeedsTheUserUnlessNothingWouldBeSeen) {
              Wish{Kind::label, wayland, Kind::label},
              Wish{Kind::strip, wayland, Kind::image},
              Wish{Kind::label, bare, Kind::strip},
+             Wish{Kind::icon, wayland, Kind::icon},
+             Wish{Kind::icon, bare, Kind::strip},
          }) {
         EXPECT_EQ(StatusItemPresentationChoice::of(preferred, desktopOf(desktop)), chosen)
             << static_cast<int>(preferred) << " on " << desktop.watcher << '/' << desktop.tray;
     }
+}
+
+TEST(StatusItemPresentationChoice, TellsWhatCannotBeSeenHere) {
+    using Choice = StatusItemPresentationChoice;
+    const auto obstacles = [](const Case& desktop) {
+        std::vector<std::optional<Choice::Obstacle>> all;
+        for (const Kind kind : {Kind::label, Kind::image, Kind::dock, Kind::strip, Kind::icon})
+            all.push_back(Choice::obstacle(kind, desktopOf(desktop)));
+        return all;
+    };
+    using enum Choice::Obstacle;
+    const std::optional<Choice::Obstacle> none;
+    using Obstacles = std::vector<std::optional<Choice::Obstacle>>;
+    EXPECT_EQ(obstacles({"", "KDE", "kded5", "xembedsniproxy", Kind::strip}),
+              (Obstacles{noText, squareIcons, none, none, none}));
+    EXPECT_EQ(obstacles({"", "GNOME", "gnome-shell", "", Kind::label, false}),
+              (Obstacles{none, squareIcons, noTray, noPlacement, none}));
+    EXPECT_EQ(obstacles({"", "", "", "tint2", Kind::strip}),
+              (Obstacles{noPanel, noPanel, none, none, noPanel}));
+    const Case unknown{"", "Budgie", "budgie-panel", "", Kind::label};
+    EXPECT_EQ(obstacles(unknown), (Obstacles{none, none, noTray, none, none}));
+
+    EXPECT_FALSE(Choice::isPanelKnown(desktopOf(unknown)));
+    EXPECT_TRUE(Choice::isPanelKnown(desktopOf({"", "KDE", "kded5", "", Kind::strip})));
+    EXPECT_TRUE(Choice::isPanelKnown(desktopOf({"", "Budgie", "", "", Kind::strip})));
 }
 
 } // namespace

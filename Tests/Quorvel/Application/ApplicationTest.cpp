@@ -5,6 +5,7 @@
 #include "Tests/Support/FullDisk.h"
 #include "Tests/Support/WaitUntil.h"
 
+#include <QComboBox>
 #include <QCursor>
 #include <QFile>
 #include <QScreen>
@@ -139,6 +140,31 @@ TEST_F(Application, ShowsTheIconWhereItIsWantedOrAllThereIs) {
     EXPECT_FALSE(isIconSeen());
     app.openSettings().press(u"Show icon"_s);
     EXPECT_TRUE(isIconSeen());
+}
+
+TEST_F(Application, AsksOnceWhetherAnUnknownPanelShowsPrices) {
+    launch();
+    auto panel = app.openPanel();
+    panel.press(u"Yes"_s);
+    EXPECT_FALSE(panel.find(u"Yes"_s));
+    EXPECT_TRUE(app.isPanelOpen());
+    EXPECT_EQ(app.preference("statusItem.presentation"), QStringLiteral("auto"));
+}
+
+TEST_F(Application, ShowsPricesAsChosenAtOnce) {
+    launch();
+    ASSERT_FALSE(app.label().empty());
+    app.openPanel().press(u"No, Show Them Otherwise…"_s);
+    auto settings = app.settings();
+    const auto& box = dynamic_cast<QComboBox&>(settings.control(u"Show prices in"_s));
+    EXPECT_EQ(box.itemData(3, Qt::ToolTipRole), u"No tray here takes windows"_s);
+    const auto registrations = app.watcher().registered().size();
+    settings.choose(u"Show prices in"_s, u"Icon only"_s);
+    EXPECT_EQ(app.preference("statusItem.presentation"), u"icon");
+    EXPECT_THAT(settings.texts(), Contains("Prices in the tooltip and the popover alone"));
+    EXPECT_TRUE(test::waitUntil([&] { return app.watcher().registered().size() > registrations; }))
+        << "an item without a label takes the place of the one with it";
+    EXPECT_EQ(app.label(), "");
 }
 
 TEST_F(Application, SetsTheRowsOfTheSettingsApart) {

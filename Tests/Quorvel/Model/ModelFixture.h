@@ -39,7 +39,7 @@ protected:
         provider_ = provider.get();
         delivering_ = delivering.get();
         model_ = std::make_unique<quorvel::AppModel>(quorvel::AppModel::Collaborators{
-            std::move(provider), feed_, settings_, exchange_, std::move(delivering),
+            std::move(provider), feed_, settings_, exchange_, presentation_, std::move(delivering),
             std::make_unique<quorvel::SystemLaunchAtLoginService>(platform::LoginItem(
                 {QStringLiteral("quorvel"), QStringLiteral("Quorvel"), QStringLiteral("/bin/true")},
                 directory_.filePath(QStringLiteral("autostart")))),
@@ -78,6 +78,7 @@ protected:
     platform::UserDefaults defaults_{directory_.filePath(QStringLiteral("Quorvel.conf"))};
     quorvel::SettingsStore settings_{defaults_};
     quorvel::ExchangeChoice exchange_{defaults_, {}, {QUrl(QStringLiteral("https://mirror")), {}}};
+    quorvel::PresentationChoice presentation_{defaults_};
     ManualClock clock_;
     quorvel::FeedStatus feed_{clock_};
     /// Without a login manager: tests post sleep and wake themselves.

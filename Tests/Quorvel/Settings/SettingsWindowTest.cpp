@@ -36,7 +36,7 @@ protected:
     /// Where the keyboard gets to by Tab, from the first control on, until it is there again.
     std::vector<QWidget*> tabStops() {
         std::vector<QWidget*> stops;
-        get<QComboBox>("Display").setFocus(Qt::TabFocusReason);
+        get<QComboBox>("Show prices in").setFocus(Qt::TabFocusReason);
         do {
             QWidget* const stop = window_->focusWidget();
             const QPoint place = stop->mapTo(window_.get(), stop->rect().center());
@@ -144,7 +144,7 @@ TEST_F(Settings, AreReachedByTabInTheOrderInWhichTheyStandAndNamed) {
     addRule("ETH", AlertConditionKind::priceFallsBelow, "2000", true);
     QPoint last(0, -1);
     const auto stops = tabStops();
-    EXPECT_EQ(stops.size(), 18U) << "all that can be used, each once";
+    EXPECT_EQ(stops.size(), 19U) << "all that can be used, each once";
     for (QWidget* const stop : stops) {
         const QPoint inForm =
             stop->mapTo(window_->findChild<QScrollArea*>()->widget(), stop->rect().center());

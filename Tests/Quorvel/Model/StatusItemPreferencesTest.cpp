@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Quorvel/Shell/StatusItemPreferences.h"
+#include "Quorvel/Model/StatusItemPreferences.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -29,6 +29,7 @@ TEST(StatusItemPreferences, AreReadAsPeopleWriteThem) {
              Written{"statusItem.presentation=label", Kind::label},
              Written{"statusItem.presentation=image", Kind::image},
              Written{"statusItem.presentation=dock", Kind::dock},
+             Written{"statusItem.presentation=icon", Kind::icon},
              Written{"statusItem.presentation=strip\nstatusItem.stripPosition=\"left,0.25\"",
                      Kind::strip,
                      {StripPosition::Edge::left, 0.25}},

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Quorvel/Shell/StatusItemPreferences.h"
+#include "Quorvel/Model/StatusItemPreferences.h"
 
 namespace quorvel {
 
@@ -22,6 +22,15 @@ platform::StatusItemOptions StatusItemPreferences::options(const platform::UserD
             .stripPosition =
                 platform::StripPosition::fromString(position).value_or(platform::StripPosition()),
             .stripScreen = defaults.string(stripScreenKey).value_or(QString())};
+}
+
+void StatusItemPreferences::setPresentation(
+    platform::UserDefaults& defaults, std::optional<platform::StatusItemPresentationKind> kind) {
+    defaults.set({{presentationKey, kind ? platform::name(*kind) : QStringLiteral("auto")}});
+}
+
+bool StatusItemPreferences::isPresentationSettled(const platform::UserDefaults& defaults) {
+    return defaults.string(presentationKey).has_value();
 }
 
 void StatusItemPreferences::setStripPlace(platform::UserDefaults& defaults,
