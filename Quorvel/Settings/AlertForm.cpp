@@ -7,7 +7,7 @@
 #include "Platform/Controls/ControlStyle.h"
 #include "Platform/Controls/Label.h"
 #include "Platform/Foundation/StringTable.h"
-#include "Quorvel/Settings/Choices.h"
+#include "Quorvel/Choices/Choices.h"
 #include "Quorvel/Settings/FormCard.h"
 #include "Quorvel/Settings/FormFonts.h"
 #include "QuorvelKit/MarketModel/DisplayName.h"

@@ -5,7 +5,7 @@
 
 #include "Platform/Controls/ControlStyle.h"
 #include "Platform/Foundation/StringTable.h"
-#include "Quorvel/Settings/Choices.h"
+#include "Quorvel/Choices/Choices.h"
 #include "Quorvel/Settings/FormRow.h"
 #include "Quorvel/Settings/Notice.h"
 

@@ -5,10 +5,10 @@
 
 #include "Platform/Controls/ControlStyle.h"
 #include "Platform/Foundation/StringTable.h"
-#include "Quorvel/Settings/Choices.h"
+#include "Quorvel/Choices/Choices.h"
+#include "Quorvel/Choices/PresentationBox.h"
 #include "Quorvel/Settings/FormFonts.h"
 #include "Quorvel/Settings/FormRow.h"
-#include "Quorvel/Settings/PresentationBox.h"
 
 #include <QCheckBox>
 #include <QSpinBox>

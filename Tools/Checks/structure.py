@@ -46,7 +46,8 @@ ALLOWED = {
     "QuorvelKit/Services": ["core"],
     "Quorvel/Model": ["platform", "kit"],
     "Quorvel/Panel": ["platform", "kit", "Quorvel/Model"],
-    "Quorvel/Settings": ["platform", "kit", "Quorvel/Model"],
+    "Quorvel/Choices": ["platform", "kit", "Quorvel/Model"],
+    "Quorvel/Settings": ["platform", "kit", "Quorvel/Model", "Quorvel/Choices"],
     "Quorvel/Shell": ["platform", "kit", "exchanges", "Quorvel/Model", "Quorvel/Panel",
                       "Quorvel/Settings"],
 }

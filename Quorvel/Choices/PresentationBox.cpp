@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 the Quorvel developers
 // SPDX-License-Identifier: MIT
 
-#include "Quorvel/Settings/PresentationBox.h"
+#include "Quorvel/Choices/PresentationBox.h"
 
 #include "Platform/Foundation/StringTable.h"
-#include "Quorvel/Settings/Choices.h"
+#include "Quorvel/Choices/Choices.h"
 
 #include <QStandardItemModel>
 
