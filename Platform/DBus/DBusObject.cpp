@@ -59,12 +59,14 @@ bool DBusObject::handleMessage(const QDBusMessage& message, const QDBusConnectio
     // Qt asks `introspect` for these.
     if (message.interface() == QStringLiteral("org.freedesktop.DBus.Introspectable"))
         return false;
+    caller_ = message.service();
     QDBusMessage reply;
     try {
         reply = message.createReply(answer(message));
     } catch (const DBusCallError& error) {
         reply = message.createErrorReply(error.type(), QString::fromUtf8(error.what()));
     }
+    caller_.clear();
     if (message.isReplyRequired())
         connection.send(reply);
     return true;
@@ -135,6 +137,13 @@ QVariant DBusObject::property(const QString& name) const {
 void DBusObject::requireOwnInterface(const QString& interface) const {
     if (!interface.isEmpty() && interface != interface_)
         throw DBusCallError(QDBusError::UnknownInterface, "No such interface");
+}
+
+QDBusMessage DBusObject::propertiesChangedMessage(const QString& path,
+                                                  const QVariantMap& changed) const {
+    QDBusMessage message =
+        QDBusMessage::createSignal(path, propertiesInterface, QStringLiteral("PropertiesChanged"));
+    return message << interface_ << changed << QStringList();
 }
 
 QDBusMessage DBusObject::signalMessage(const QString& path, const QString& name,

@@ -52,11 +52,17 @@ protected:
     /// @param reply     the signature of the reply
     void addMethod(const char* name, const char* signature, const char* reply, Method method);
 
+    /// The bus name of whose call a method is answering; empty outside of methods.
+    const QString& caller() const { return caller_; }
+
     /// Makes the object's description tell of a signal with arguments of this signature.
     void addSignal(const char* name, const char* signature);
 
     /// The properties that exist at the moment, by name, each with a value of its type on the bus.
     virtual QVariantMap properties() const = 0;
+
+    /// The signal by which clients that keep copies of properties hear of their new values.
+    QDBusMessage propertiesChangedMessage(const QString& path, const QVariantMap& changed) const;
 
     /// A signal of the interface, sent from `path`, ready to be sent.
     QDBusMessage signalMessage(const QString& path, const QString& name,
@@ -77,6 +83,7 @@ private:
     void requireOwnInterface(const QString& interface) const;
 
     QString interface_;
+    QString caller_;
     std::vector<NamedMethod> methods_;
     std::vector<std::pair<QString, QString>> signals_; ///< names and signatures
 };

@@ -58,8 +58,12 @@ QString FeedTexts::headline(const FeedStatus::Outage& outage, Date now) {
     return localized("Quorvel", "No connection since %1").arg(time(outage.since, now));
 }
 
+QString FeedTexts::cause(const FeedStatus::Outage& outage) {
+    return outage.status != 0 ? refusal(outage.status) : outage.reason;
+}
+
 QString FeedTexts::reason(const FeedStatus::Outage& outage, Date now) {
-    QString text = outage.status != 0 ? refusal(outage.status) : outage.reason;
+    QString text = cause(outage);
     text += text.isEmpty() ? QString() : QStringLiteral("\n");
     return text + (outage.until
                        ? localized("Quorvel", "Next try at %1").arg(time(*outage.until, now))

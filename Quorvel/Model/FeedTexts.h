@@ -17,6 +17,9 @@ struct FeedTexts {
     /// Since when there is no connection.
     static QString headline(const FeedStatus::Outage& outage, platform::Date now);
 
+    /// Why, and what can be done; empty where that is not known.
+    static QString cause(const FeedStatus::Outage& outage);
+
     /// Why, as far as that is known, what can be done, and when it is tried again.
     static QString reason(const FeedStatus::Outage& outage, platform::Date now);
 

@@ -110,7 +110,8 @@ AppDelegate::AppDelegate(const Environment& environment)
               .workspace = workspace_,
               .files = environment.files,
               .clock = environment.clock}),
-      appearance_(settings_, environment.sessionBus, environment.clock) {}
+      appearance_(settings_, environment.sessionBus, environment.clock),
+      service_(environment.sessionBus) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -118,6 +119,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     setUpStatusItem();
     setUpPopover();
     setUpSettingsWindow();
+    setUpService();
     connect(&model_, &AppModel::statusBarSegmentsChanged, this,
             [this] { updateStatusItem(StatusItem::Urgency::routine); });
     connect(&settings_, &SettingsStore::displayChanged, this,
@@ -216,6 +218,17 @@ void AppDelegate::setUpStatusItem() {
     updateStatusItem(StatusItem::Urgency::immediate);
 }
 
+void AppDelegate::setUpService() {
+    connect(&service_, &QuorvelService::lineShownChanged, this,
+            [this] { statusItem_->setTextShownElsewhere(service_.isLineShown()); });
+    connect(&service_, &QuorvelService::panelRequested, this, [this](std::optional<QPoint> point) {
+        if (point)
+            togglePopover(point);
+        else
+            openPanel();
+    });
+}
+
 void AppDelegate::chooseFromMenu(int id) {
     switch (id) {
     case StatusMenu::open:
@@ -236,6 +249,7 @@ void AppDelegate::updateStatusItem(StatusItem::Urgency urgency) {
     const auto& segments = model_.statusBarSegments();
     const auto title = statusTitle(segments, settings_.display());
     const QString text = title.plainText();
+    service_.setLine(segments, feed_.outage(), settings_.display());
     // Without any text the icon is all there is, so it shows whatever the setting says.
     const auto& outage = feed_.outage();
     statusItem_->setImage(

@@ -16,6 +16,7 @@
 #include "Quorvel/Model/AppModel.h"
 #include "Quorvel/Panel/WatchlistPanel.h"
 #include "Quorvel/Shell/ApplicationAppearance.h"
+#include "Quorvel/Shell/QuorvelService.h"
 #include "QuorvelKit/Feed/FeedStatus.h"
 #include "QuorvelKit/MarketData/ConnectionEvent.h"
 #include "QuorvelKit/Stores/SettingsStore.h"
@@ -93,6 +94,7 @@ Q_SIGNALS:
 
 private:
     void setUpStatusItem();
+    void setUpService();
     void setUpPopover();
     void setUpSettingsWindow();
     void chooseFromMenu(int id);
@@ -110,6 +112,7 @@ private:
     FeedStatus feed_;
     AppModel model_;
     ApplicationAppearance appearance_;
+    QuorvelService service_;
     std::unique_ptr<platform::StatusItem> statusItem_;
     std::unique_ptr<platform::Popover> popover_;
     WatchlistPanel* panel_ = nullptr; ///< the popover's

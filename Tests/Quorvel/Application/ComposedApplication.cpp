@@ -163,17 +163,23 @@ void ComposedApplication::chooseFromItemMenu(const QString& entry) {
     throw std::out_of_range("the item's menu has no " + entry.toStdString());
 }
 
-QVariantMap ComposedApplication::itemProperties() {
+QVariantMap ComposedApplication::itemProperties(int ordinal) {
     settle();
-    const QDBusMessage reply =
-        panelPeer_.call(programsBus_.baseService(), QStringLiteral("/StatusNotifierItem"),
-                        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"),
-                        {itemInterface});
+    QString path = QStringLiteral("/StatusNotifierItem");
+    if (ordinal > 1)
+        path += u'/' + QString::number(ordinal);
+    const QDBusMessage reply = panelPeer_.call(programsBus_.baseService(), path,
+                                               QStringLiteral("org.freedesktop.DBus.Properties"),
+                                               QStringLiteral("GetAll"), {itemInterface});
     return qdbus_cast<QVariantMap>(reply.arguments().value(0));
 }
 
 std::string ComposedApplication::label() {
     return itemProperties().value(QStringLiteral("XAyatanaLabel")).toString().toStdString();
+}
+
+QString ComposedApplication::itemProperty(const char* name, int ordinal) {
+    return itemProperties(ordinal).value(QString::fromLatin1(name)).toString();
 }
 
 QImage ComposedApplication::icon() {

@@ -59,6 +59,9 @@ public:
     /// The text beside the item's icon; empty where there is none.
     std::string label();
 
+    /// A property of the run's item of that number; empty where there is none.
+    QString itemProperty(const char* name, int ordinal);
+
     /// The icon as panels that read files show it.
     QImage icon();
 
@@ -99,6 +102,7 @@ public:
     quorvel::AppDelegate& delegate() { return *delegate_; }
     ScriptedProvider& exchange() { return *provider_; }
     FakeNotificationService& notifications() { return *notifications_; }
+    PrivateBus& bus() { return bus_; }
     FakeLoginManager& loginManager() { return *loginManager_; }
     QString path(const char* name) const { return directory_.filePath(QString::fromUtf8(name)); }
 
@@ -107,7 +111,7 @@ private:
         return QString::fromLatin1("%1USDT").arg(QString::fromUtf8(base));
     }
     QWidget* findWindow(const char* title, bool isStrip) const;
-    QVariantMap itemProperties();
+    QVariantMap itemProperties(int ordinal = 1);
     QVariantList callMenu(const char* member, const QVariantList& arguments);
     void comeFromElsewhere();
     /// Lets what is due happen.
