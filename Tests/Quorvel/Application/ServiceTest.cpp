@@ -23,7 +23,8 @@ protected:
     QDBusMessage call(const char* interface, const char* member,
                       const QVariantList& arguments = {}) {
         return widget_->call(u"org.quorvel.Quorvel1"_s, u"/org/quorvel/Quorvel1"_s,
-                            QString::fromLatin1(interface), QString::fromLatin1(member), arguments);
+                             QString::fromLatin1(interface), QString::fromLatin1(member),
+                             arguments);
     }
 
     void tell(const char* member, const QVariantList& arguments = {}) {
