@@ -59,6 +59,10 @@ void StatusItem::setNotice(std::optional<QString> notice) {
     set(content_.notice, std::move(notice), Urgency::immediate);
 }
 
+void StatusItem::setWidgetHint(QString hint) {
+    set(content_.widgetHint, std::move(hint), Urgency::immediate);
+}
+
 void StatusItem::setPreferredPresentation(std::optional<Kind> kind) {
     if (std::exchange(options_.presentation, kind) != kind)
         chooseSoon();

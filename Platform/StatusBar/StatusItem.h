@@ -81,6 +81,9 @@ public:
     /// What there is on the desktop for the item.
     const StatusItemDesktop& desktop() const { return desktop_.desktop(); }
 
+    /// What the program's own widgets have to know besides.
+    void setWidgetHint(QString hint);
+
     /// Must be called in the turn of the event loop in which the item was made, if at all. The ids
     /// of entries that are no separators must differ.
     void setMenu(std::vector<MenuEntry> entries);

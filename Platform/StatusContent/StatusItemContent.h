@@ -20,6 +20,8 @@ struct StatusItemContent {
     /// What is wrong with what the item shows, which is then drawn faintly; absent where nothing
     /// is.
     std::optional<QString> notice = {};
+    /// What the program's own widgets have to know besides; they get at nothing but the item.
+    QString widgetHint = {};
 
     bool operator==(const StatusItemContent&) const = default;
 };

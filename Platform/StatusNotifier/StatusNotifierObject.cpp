@@ -71,7 +71,8 @@ QVariantMap StatusNotifierObject::properties() const {
         {QStringLiteral("AttentionIconName"), QString()},
         {QStringLiteral("AttentionIconPixmap"), noPixmaps},
         {QStringLiteral("AttentionAccessibleDesc"), QString()},
-        {QStringLiteral("AttentionMovieName"), QString()},
+        // An item that never asks for attention has no use for it, and widgets get to see it.
+        {QStringLiteral("AttentionMovieName"), state_.widgetHint},
         {QStringLiteral("ToolTip"),
          QVariant::fromValue(NotifierToolTip{{}, {}, state_.toolTip, state_.toolTipBody})},
         {QStringLiteral("ItemIsMenu"), false},
@@ -88,7 +89,8 @@ QVariantMap StatusNotifierObject::properties() const {
 QList<QDBusMessage> StatusNotifierObject::setState(StatusNotifierState state) {
     const StatusNotifierState previous = std::exchange(state_, std::move(state));
     QList<QDBusMessage> changes;
-    if (state_.iconName != previous.iconName || state_.iconPixmaps != previous.iconPixmaps)
+    if (state_.iconName != previous.iconName || state_.iconPixmaps != previous.iconPixmaps ||
+        state_.widgetHint != previous.widgetHint)
         changes += signalMessage(path_, QStringLiteral("NewIcon"));
     // The arguments matter: panels take the label from them and do not read it again. Empty ones
     // take the label away.

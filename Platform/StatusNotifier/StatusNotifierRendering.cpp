@@ -29,6 +29,7 @@ StatusNotifierState StatusNotifierRendering::render(const StatusItemContent& con
                                                     bool isForNewPanel) {
     state_.isPassive = style_ == Style::spareIcon;
     state_.toolTip = content.toolTip;
+    state_.widgetHint = content.widgetHint;
     state_.toolTipBody = content.notice.value_or(QString());
     if (style_ == Style::wideImage) {
         state_.iconPixmaps = wideImages(content);

@@ -27,6 +27,8 @@ struct StatusNotifierState {
 
     IconPixmapList iconPixmaps;
 
+    QString widgetHint; ///< for the program's own widgets
+
     bool isPassive = false; ///< panels may put it away
 
     bool operator==(const StatusNotifierState&) const = default;

@@ -8,6 +8,7 @@ namespace quorvel {
 namespace {
 
 const auto presentationKey = QStringLiteral("statusItem.presentation");
+const auto widgetOfferedKey = QStringLiteral("statusItem.widgetOffered");
 const auto stripPositionKey = QStringLiteral("statusItem.stripPosition");
 const auto stripScreenKey = QStringLiteral("statusItem.stripScreen");
 
@@ -31,6 +32,14 @@ void StatusItemPreferences::setPresentation(
 
 bool StatusItemPreferences::isPresentationSettled(const platform::UserDefaults& defaults) {
     return defaults.string(presentationKey).has_value();
+}
+
+bool StatusItemPreferences::isWidgetOffered(const platform::UserDefaults& defaults) {
+    return defaults.string(widgetOfferedKey).has_value();
+}
+
+void StatusItemPreferences::setWidgetOffered(platform::UserDefaults& defaults) {
+    defaults.set({{widgetOfferedKey, QStringLiteral("true")}});
 }
 
 void StatusItemPreferences::setStripPlace(platform::UserDefaults& defaults,

@@ -23,6 +23,10 @@ struct StatusItemPreferences {
     /// Whether the preferences say anything about the presentation.
     static bool isPresentationSettled(const platform::UserDefaults& defaults);
 
+    /// Whether the user has been told of the widget that the desktop could show instead.
+    static bool isWidgetOffered(const platform::UserDefaults& defaults);
+    static void setWidgetOffered(platform::UserDefaults& defaults);
+
     static void setStripPlace(platform::UserDefaults& defaults,
                               const platform::StripPosition& position, const QString& screen);
 };

@@ -419,5 +419,13 @@
         <source>Windows can&apos;t be placed on this desktop</source>
         <translation>此桌面上无法放置窗口</translation>
     </message>
+    <message>
+        <source>Prices in the panel itself</source>
+        <translation>直接在面板中显示价格</translation>
+    </message>
+    <message>
+        <source>Right-click the panel, choose Add Widgets, and drag Quorvel there.</source>
+        <translation>右键点击面板，选择“添加小部件”，然后将 Quorvel 拖到面板上。</translation>
+    </message>
 </context>
 </TS>

@@ -111,7 +111,9 @@ AppDelegate::AppDelegate(const Environment& environment)
               .files = environment.files,
               .clock = environment.clock}),
       appearance_(settings_, environment.sessionBus, environment.clock),
-      service_(environment.sessionBus) {}
+      service_(environment.sessionBus),
+      plasmaWidget_(QStringLiteral("org.quorvel.line"), environment.sessionBus, environment.clock) {
+}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -119,7 +121,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     setUpStatusItem();
     setUpPopover();
     setUpSettingsWindow();
-    setUpService();
+    setUpWidgets();
     connect(&model_, &AppModel::statusBarSegmentsChanged, this,
             [this] { updateStatusItem(StatusItem::Urgency::routine); });
     connect(&settings_, &SettingsStore::displayChanged, this,
@@ -218,15 +220,40 @@ void AppDelegate::setUpStatusItem() {
     updateStatusItem(StatusItem::Urgency::immediate);
 }
 
-void AppDelegate::setUpService() {
-    connect(&service_, &QuorvelService::lineShownChanged, this,
-            [this] { statusItem_->setTextShownElsewhere(service_.isLineShown()); });
+void AppDelegate::setUpWidgets() {
+    using platform::PlasmaWidgetWatch;
+    connect(&service_, &QuorvelService::lineShownChanged, this, &AppDelegate::followWidgets);
+    connect(&plasmaWidget_, &PlasmaWidgetWatch::stateChanged, this, [this] {
+        followWidgets();
+        if (plasmaWidget_.state() == PlasmaWidgetWatch::State::offered)
+            offerTask_ = platform::startTask(offerPlasmaWidget());
+    });
     connect(&service_, &QuorvelService::panelRequested, this, [this](std::optional<QPoint> point) {
         if (point)
             togglePopover(point);
         else
             openPanel();
     });
+}
+
+void AppDelegate::followWidgets() {
+    const bool isOnPlasma = plasmaWidget_.state() == platform::PlasmaWidgetWatch::State::shown;
+    statusItem_->setTextShownElsewhere(service_.isLineShown() || isOnPlasma);
+}
+
+platform::Task<> AppDelegate::offerPlasmaWidget() {
+    if (StatusItemPreferences::isWidgetOffered(environment_.defaults))
+        co_return;
+    StatusItemPreferences::setWidgetOffered(environment_.defaults);
+    try {
+        co_await notificationCenter_.add(
+            {.title = platform::localized("Quorvel", "Prices in the panel itself"),
+             .body = platform::localized(
+                 "Quorvel", "Right-click the panel, choose Add Widgets, and drag Quorvel there."),
+             .soundName = {}});
+    } catch (const std::exception&) {
+        // Nobody shows notifications here; the strip is there.
+    }
 }
 
 void AppDelegate::chooseFromMenu(int id) {
@@ -249,6 +276,7 @@ void AppDelegate::updateStatusItem(StatusItem::Urgency urgency) {
     const auto& segments = model_.statusBarSegments();
     const auto title = statusTitle(segments, settings_.display());
     const QString text = title.plainText();
+    statusItem_->setWidgetHint(QuorvelService::colorSchemeName(settings_.display().colorScheme));
     service_.setLine(segments, feed_.outage(), settings_.display());
     // Without any text the icon is all there is, so it shows whatever the setting says.
     const auto& outage = feed_.outage();

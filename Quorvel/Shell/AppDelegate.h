@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Platform/Async/TaskHandle.h"
+#include "Platform/Desktop/PlasmaWidgetWatch.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/FileManager.h"
 #include "Platform/Foundation/InstalledTables.h"
@@ -94,7 +95,9 @@ Q_SIGNALS:
 
 private:
     void setUpStatusItem();
-    void setUpService();
+    void setUpWidgets();
+    void followWidgets();
+    platform::Task<> offerPlasmaWidget();
     void setUpPopover();
     void setUpSettingsWindow();
     void chooseFromMenu(int id);
@@ -113,6 +116,7 @@ private:
     AppModel model_;
     ApplicationAppearance appearance_;
     QuorvelService service_;
+    platform::PlasmaWidgetWatch plasmaWidget_;
     std::unique_ptr<platform::StatusItem> statusItem_;
     std::unique_ptr<platform::Popover> popover_;
     WatchlistPanel* panel_ = nullptr; ///< the popover's
@@ -122,6 +126,7 @@ private:
     // Last, so that they end first.
     platform::TaskHandle startTask_;
     platform::TaskHandle prefetchTask_;
+    platform::TaskHandle offerTask_;
     platform::TaskHandle stopTask_;
 };
 

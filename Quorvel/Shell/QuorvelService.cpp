@@ -50,12 +50,6 @@ QString nameOf(PriceDirection direction) {
     return QStringLiteral("flat");
 }
 
-/// As the preferences have it.
-QString schemeName(PriceColorScheme scheme) {
-    const std::string_view name = rawValue(scheme);
-    return QString::fromLatin1(name.data(), std::ssize(name));
-}
-
 /// Whole seconds since 1970; 0 where absent.
 qlonglong secondsOf(const std::optional<platform::Date>& date) {
     return date ? static_cast<qlonglong>(platform::timeIntervalSince1970(*date).count()) : 0;
@@ -89,6 +83,11 @@ QuorvelService::~QuorvelService() {
         return;
     bus_.send(platform::callOfBus(QStringLiteral("ReleaseName")) << serviceName);
     bus_.unregisterObject(servicePath);
+}
+
+QString QuorvelService::colorSchemeName(PriceColorScheme scheme) {
+    const std::string_view name = rawValue(scheme);
+    return QString::fromLatin1(name.data(), std::ssize(name));
 }
 
 void QuorvelService::addMethods() {
@@ -126,7 +125,7 @@ void QuorvelService::setLine(const std::vector<StatusBarSegment>& segments,
     const auto next = outage ? outage->until : std::nullopt;
     QVariantMap line{
         {QStringLiteral("Segments"), QVariant::fromValue(all)},
-        {QStringLiteral("ColorScheme"), schemeName(display.colorScheme)},
+        {QStringLiteral("ColorScheme"), colorSchemeName(display.colorScheme)},
         {QStringLiteral("ShowsArrows"), display.showsDirectionArrow},
         {QStringLiteral("IsLive"), isLive},
         {QStringLiteral("NotLiveSince"), secondsOf(since)},

@@ -11,6 +11,7 @@
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QPoint>
+#include <QString>
 
 #include <optional>
 #include <vector>
@@ -27,6 +28,9 @@ public:
     /// one ends.
     explicit QuorvelService(const QDBusConnection& bus);
     ~QuorvelService() override;
+
+    /// The user's colours by the name that widgets know them by.
+    static QString colorSchemeName(PriceColorScheme scheme);
 
     /// What the line says from now on. Told to clients only when it changes.
     void setLine(const std::vector<StatusBarSegment>& segments,
