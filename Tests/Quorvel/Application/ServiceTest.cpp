@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 
 #include "Tests/Quorvel/Application/ApplicationFixture.h"
+#include "Tests/Support/Bus/FakePlasmaShell.h"
 #include "Tests/Support/WaitUntil.h"
 
 #include <QDBusArgument>
 #include <QDBusVariant>
+#include <QDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -59,6 +61,11 @@ protected:
         return all;
     }
 
+    std::string status(int ordinal) {
+        app.pass(0s);
+        return app.itemProperty("Status", ordinal).toStdString();
+    }
+
     void leaveBus() {
         const QString name = widgetsBus_->name();
         widget_.reset();
@@ -98,10 +105,6 @@ TEST_F(Service, OpensThePanel) {
 
 TEST_F(Service, PutsTheItemAwayWhileSomebodyElseShowsTheLine) {
     launch();
-    const auto status = [this](int ordinal) {
-        app.pass(0s);
-        return app.itemProperty("Status", ordinal).toStdString();
-    };
     EXPECT_EQ(status(1), "Active");
     tell("ShowLine");
     EXPECT_EQ(property("LineShownBy").toStringList().size(), 1);
@@ -113,6 +116,38 @@ TEST_F(Service, PutsTheItemAwayWhileSomebodyElseShowsTheLine) {
     EXPECT_TRUE(test::waitUntil([&] { return status(4) == "Passive"; }));
     leaveBus();
     EXPECT_TRUE(test::waitUntil([&] { return status(5) == "Active"; })) << "gone with its client";
+}
+
+TEST_F(Service, FollowsThePlasmaWidgetAndOffersItOnce) {
+    const QString folder = app.path("config");
+    QDir().mkpath(folder);
+    qputenv("XDG_CONFIG_HOME", folder.toUtf8());
+    const QString layout = folder + u"/plasma-org.kde.plasma.desktop-appletsrc"_s;
+    launch();
+    const auto offers = [this] {
+        app.pass(0s);
+        return app.notifications().notifications().size();
+    };
+    auto shell = std::make_unique<test::FakePlasmaShell>(app.bus().connect(), u"org.quorvel.line"_s,
+                                                         u"absent"_s);
+    shell->change(u"offered"_s, layout);
+    EXPECT_TRUE(test::waitUntil([&] { return offers() == 1; }));
+    EXPECT_EQ(app.itemProperty("AttentionMovieName", 1), u"redUpGreenDown"_s);
+
+    const auto changeTo = [&](const QString& answer, const char* wanted, int ordinal) {
+        shell->change(answer, layout);
+        EXPECT_TRUE(test::waitUntil([&] {
+            app.pass(200ms); // until the writes have come to rest
+            return status(ordinal) == wanted;
+        })) << answer.toStdString();
+    };
+    changeTo(u"shown"_s, "Passive", 2);
+    changeTo(u"offered"_s, "Active", 3);
+    changeTo(u"shown"_s, "Passive", 4);
+    shell.reset();
+    EXPECT_TRUE(test::waitUntil([&] { return status(5) == "Active"; })) << "the shell has gone";
+    EXPECT_EQ(offers(), 1);
+    qunsetenv("XDG_CONFIG_HOME");
 }
 
 } // namespace
