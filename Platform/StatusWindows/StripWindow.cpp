@@ -24,6 +24,9 @@ constexpr QMargins contentInset(10, 2, 10, 2);
 /// Between the strip and the edges.
 constexpr int distance = 4;
 
+/// How opaque it is over a window's title bar: legible, and so is what lies beneath.
+constexpr double dimmed = 0.6;
+
 /// Whether the display's window manager leaves a small dock where it puts itself, in the size it
 /// gives itself. True where there is none to ask.
 bool leavesDocksInPlace() {
@@ -50,7 +53,10 @@ StripWindow::StripWindow(const StatusItemIdentity& identity, StatusItemEvents& e
       screen_(std::move(screen)) {
     setAttribute(Qt::WA_TranslucentBackground);
     // Not every window manager puts windows that fill the screen above docks.
-    connect(&fullScreen_, &FullScreenWatch::changed, this, &StripWindow::showUnlessCovered);
+    connect(&activeWindow_, &ActiveWindowWatch::changed, this, [this] {
+        showUnlessCovered();
+        dimOverWindows();
+    });
     followScreens();
 }
 
@@ -62,7 +68,24 @@ void StripWindow::setContent(const StatusItemContent& content) {
 
 void StripWindow::showUnlessCovered() {
     if (hasContent())
-        setVisible(!fullScreen_.covers(geometry().center()));
+        setVisible(!activeWindow_.fills(geometry().center()));
+}
+
+void StripWindow::dimOverWindows() {
+    const bool isOver = activeWindow_.isMaximized(geometry().center());
+    setWindowOpacity(isOver && !isPointedAt_ ? dimmed : 1);
+}
+
+void StripWindow::enterEvent(QEnterEvent* event) {
+    isPointedAt_ = true;
+    dimOverWindows();
+    StatusItemView::enterEvent(event);
+}
+
+void StripWindow::leaveEvent(QEvent* event) {
+    isPointedAt_ = false;
+    dimOverWindows();
+    StatusItemView::leaveEvent(event);
 }
 
 std::optional<QRect> StripWindow::frame() const {
@@ -102,6 +125,7 @@ void StripWindow::adoptCompositing() {
         destroy();
     setAttribute(Qt::WA_TranslucentBackground, isComposited_);
     setVisible(wasVisible);
+    dimOverWindows();
 }
 
 void StripWindow::followScreens() {

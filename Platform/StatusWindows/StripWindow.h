@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "Platform/Desktop/FullScreenWatch.h"
+#include "Platform/Desktop/ActiveWindowWatch.h"
 #include "Platform/StatusContent/StripPosition.h"
 #include "Platform/StatusWindows/StatusItemView.h"
 
@@ -31,6 +31,8 @@ protected:
     StatusItemColors colors() const override;
     void paintGround(QPainter& painter) override;
     void takeRoom(QSize size) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -39,6 +41,7 @@ private:
     /// Takes the shape that the display can show. Compositors come and go, and not all tell.
     void adoptCompositing();
     void showUnlessCovered();
+    void dimOverWindows();
     void presentToWindowManager();
     void followScreens();
     void followScreen(QScreen& screen);
@@ -48,10 +51,11 @@ private:
     QRect room() const; ///< where on the screen it may be
 
     StripPosition position_;
-    FullScreenWatch fullScreen_;
+    ActiveWindowWatch activeWindow_;
     QString screen_;                  ///< by name, where it was dragged to; empty: the primary one
     std::optional<QPoint> pressedAt_; ///< within the window
     bool isDragged_ = false;
+    bool isPointedAt_ = false;
     bool isComposited_ = true;
 };
 

@@ -19,7 +19,9 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QLocale>
+#include <QPixmap>
 #include <QScreen>
 
 namespace quorvel {
@@ -118,6 +120,7 @@ AppDelegate::AppDelegate(const Environment& environment)
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
+    constexpr int windowIconSide = 128; // pixels; window managers scale it down
     setUpStatusItem();
     setUpPopover();
     setUpSettingsWindow();
@@ -137,6 +140,7 @@ void AppDelegate::applicationDidFinishLaunching() {
         terminate();
     });
     QCoreApplication::instance()->installEventFilter(this);
+    QGuiApplication::setWindowIcon(QIcon(QPixmap::fromImage(StatusIcon::image(windowIconSide))));
     appearance_.apply();
     startTask_ = platform::startTask(model_.start());
 }

@@ -169,6 +169,7 @@ TEST_F(Application, ShowsPricesAsChosenAtOnce) {
 
 TEST_F(Application, SetsTheRowsOfTheSettingsApart) {
     launch();
+    EXPECT_FALSE(app.openSettings().window().windowIcon().isNull());
     auto user = app.openSettings();
     const QWidget& row = *user.control(u"Content"_s).parentWidget();
     const QWidget& card = *row.parentWidget();

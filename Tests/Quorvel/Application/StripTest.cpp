@@ -5,6 +5,7 @@
 #include "Tests/Quorvel/Application/ComposedApplication.h"
 #include "Tests/Support/WaitUntil.h"
 
+#include <QCursor>
 #include <QScreen>
 #include <QTest>
 
@@ -23,6 +24,25 @@ using testing::Not;
 using testing::StartsWith;
 
 namespace {
+
+/// Another program's, so none of the toolkit's, and the one that the user works in.
+class OtherWindow {
+public:
+    OtherWindow() : id_(xcb_generate_id(x11::connection())) {
+        xcb_create_window(x11::connection(), XCB_COPY_FROM_PARENT, id_, x11::rootWindow(), 0, 0,
+                          1280, 800, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0,
+                          nullptr);
+        x11::setProperty(x11::rootWindow(), "_NET_ACTIVE_WINDOW", "WINDOW", {id_});
+    }
+
+    void setStates(const std::vector<quint32>& states) const {
+        x11::setProperty(id_, "_NET_WM_STATE", "ATOM", states);
+        xcb_flush(x11::connection());
+    }
+
+private:
+    quint32 id_;
+};
 
 class Strip : public testing::Test {
 protected:
@@ -120,20 +140,30 @@ TEST_F(Strip, ComesBackToItsPlace) {
     EXPECT_NEAR(strip().geometry().center().y(), screen().center().y(), 1);
 }
 
+TEST_F(Strip, IsDimOverAMaximizedWindowUnlessPointedAt) {
+    launch();
+    const OtherWindow other;
+    other.setStates({x11::atom("_NET_WM_STATE_MAXIMIZED_VERT")});
+    test::drainEvents();
+    EXPECT_EQ(strip().windowOpacity(), 1);
+    other.setStates(
+        {x11::atom("_NET_WM_STATE_MAXIMIZED_VERT"), x11::atom("_NET_WM_STATE_MAXIMIZED_HORZ")});
+    EXPECT_TRUE(test::waitUntil([this] { return strip().windowOpacity() < 0.7; }));
+    QCursor::setPos(strip().geometry().center());
+    EXPECT_TRUE(test::waitUntil([this] { return strip().windowOpacity() == 1; }));
+    QCursor::setPos(screen().center());
+    EXPECT_TRUE(test::waitUntil([this] { return strip().windowOpacity() < 0.7; }));
+    other.setStates({});
+    EXPECT_TRUE(test::waitUntil([this] { return strip().windowOpacity() == 1; }));
+}
+
 TEST_F(Strip, MakesWayForAWindowThatFillsTheScreen) {
     launch();
-    // Another program's, so none of the toolkit's.
-    xcb_connection_t* const display = x11::connection();
-    const quint32 window = xcb_generate_id(display);
-    xcb_create_window(display, XCB_COPY_FROM_PARENT, window, x11::rootWindow(), 0, 0, 1280, 800, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    const auto setFull = [window, display](bool isFull) {
-        x11::setProperty(window, "_NET_WM_STATE", "ATOM",
-                         isFull ? std::vector{x11::atom("_NET_WM_STATE_FULLSCREEN")}
-                                : std::vector<quint32>());
-        xcb_flush(display);
+    const OtherWindow other;
+    const auto setFull = [&other](bool isFull) {
+        other.setStates(isFull ? std::vector{x11::atom("_NET_WM_STATE_FULLSCREEN")}
+                               : std::vector<quint32>());
     };
-    x11::setProperty(x11::rootWindow(), "_NET_ACTIVE_WINDOW", "WINDOW", {window});
     setFull(true);
     EXPECT_TRUE(test::waitUntil([this] { return !app.isStripShown(); }));
     app.quote("BTC", "70001");
