@@ -63,6 +63,7 @@ class Accessibility(PanelSession):
     def test_the_settings_are_told_with_what_is_chosen(self):
         self.click_on("push button", "Settings…")
         controls = [
+            ("combo box", "Show prices in", "Automatic"),
             ("combo box", "Display", "Rotate one"),
             ("spin button", "Rotation interval: 5s", "5"),
             ("combo box", "Content", "Price and change"),
@@ -84,10 +85,10 @@ class Accessibility(PanelSession):
         ]
         self.assert_told("settings", controls)
         # By keys, from the first control on: each tells of its change.
-        self.desktop.press("Down", "Tab", "Up", "Tab", "Tab", "space")
-        controls[0] = ("combo box", "Display", "Side by side")
-        controls[1] = ("spin button", "Show up to 4", "4")
-        controls[3] = ("check box", "Show icon", "")
+        self.desktop.press("Tab", "Down", "Tab", "Up", "Tab", "Tab", "space")
+        controls[1] = ("combo box", "Display", "Side by side")
+        controls[2] = ("spin button", "Show up to 4", "4")
+        controls[4] = ("check box", "Show icon", "")
         self.assert_told("settings-changed", controls)
 
 

@@ -169,8 +169,8 @@ TEST_F(Application, ShowsPricesAsChosenAtOnce) {
 
 TEST_F(Application, SetsTheRowsOfTheSettingsApart) {
     launch();
-    EXPECT_FALSE(app.openSettings().window().windowIcon().isNull());
     auto user = app.openSettings();
+    EXPECT_FALSE(user.window().windowIcon().isNull());
     const QWidget& row = *user.control(u"Content"_s).parentWidget();
     const QWidget& card = *row.parentWidget();
     const QImage picture = user.picture(card);
