@@ -46,8 +46,12 @@ Task<URLResponse> URLSession::data(QUrl url) {
 
 void URLSession::renewConnections() {
     // An answer is a child of its manager, and may be the one that is telling of its end right now.
-    const auto deleteLater = [](QNetworkAccessManager* manager) { manager->deleteLater(); };
-    manager_ = {new QNetworkAccessManager, deleteLater};
+    // At a thread's end nothing is deleted later any more: then they go with the session.
+    const auto retire = [this](QNetworkAccessManager* manager) {
+        manager->setParent(&retired_);
+        manager->deleteLater();
+    };
+    manager_ = {new QNetworkAccessManager, retire};
     manager_->setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
 }
 

@@ -11,6 +11,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QList>
+#include <QObject>
 #include <QPair>
 #include <QUrl>
 
@@ -79,6 +80,7 @@ public:
 
 private:
     Clock& clock_;
+    QObject retired_;                                ///< holds the managers that are about to go
     std::shared_ptr<QNetworkAccessManager> manager_; ///< shared with the transfers under way
     ClosingWebSockets closing_;
 };
