@@ -24,7 +24,8 @@ Item {
     readonly property color red: isOnDark ? "#ff6b6c" : "#c41e20"
     readonly property bool isUpRed: colorScheme === "redUpGreenDown"
 
-    readonly property real length: text.implicitWidth + 12
+    // Room for the widest price of as many figures, so that neighbours do not jump at each.
+    readonly property real length: Math.ceil(widest.advanceWidth) + 12
     Layout.minimumWidth: isUpright ? -1 : length
     Layout.minimumHeight: isUpright ? length : -1
     Layout.preferredWidth: Layout.minimumWidth
@@ -49,9 +50,15 @@ Item {
             .replace(/▼/g, colored("▼", isUpRed ? green : red))
     }
 
+    TextMetrics {
+        id: widest
+        font: line.font
+        text: line.title.replace(/[0-9]/g, "8").replace(/-/g, "+").replace(/▼/g, "▲")
+    }
+
     Text {
-        id: text
         anchors.centerIn: parent
+        width: widest.advanceWidth
         rotation: line.isUpright ? 90 : 0
         font: line.font
         color: line.color

@@ -21,6 +21,10 @@ packages_desktop=(
     xfce4-panel sway xwayland waybar
     adwaita-icon-theme fonts-dejavu-core fonts-wqy-microhei at-spi2-core gir1.2-atspi-2.0
 )
+packages_desktops=(
+    gnome-shell gnome-shell-extension-appindicator
+    plasma-workspace plasma-desktop kwin-x11 breeze breeze-icon-theme kde-cli-tools libglib2.0-bin
+)
 packages_wayland=(qt6-wayland)
 packages_bench=(libbenchmark-dev python3)
 packages_format=(git clang-format-19)

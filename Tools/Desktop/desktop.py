@@ -6,6 +6,7 @@
 import os
 import pwd
 import re
+import shutil
 from pathlib import Path
 
 from . import accessibility
@@ -108,9 +109,8 @@ class Desktop:
         self.folder.chmod(0o755)
         file = self.configure(
             "bus.conf", BUS_SETTINGS.format(folder=self.folder, services=services))
-        bus = self.processes.start(
-            "bus", ["dbus-daemon", f"--config-file={file}", "--print-address", "--nofork"],
-            self.environment)
+        bus = self.start(
+            "bus", ["dbus-daemon", f"--config-file={file}", "--print-address", "--nofork"])
         for name in ("SESSION", "SYSTEM"):
             self.environment[f"DBUS_{name}_BUS_ADDRESS"] = bus.first_lines()[0]
         return bus
@@ -135,10 +135,16 @@ class Desktop:
         self.kind = kind
         self.environment |= {"XDG_CURRENT_DESKTOP": kind.desktop_name,
                              "XDG_SESSION_TYPE": "wayland" if kind.is_on_wayland else "x11"}
+        if kind.is_desktop:
+            self._become_ordinary()
+            self._give_away()
         self.start_bus("<standard_session_servicedirs/>")
         for path, text in kind.files.items():
             self.configure(path, text)
-        if kind.is_on_wayland:
+        if kind.is_desktop:
+            self.environment |= kind.variables
+            self._give_away()
+        elif kind.is_on_wayland:
             self._start_wayland()
         else:
             self.start("window-manager", ["openbox", "--sm-disable"])
@@ -152,7 +158,10 @@ class Desktop:
     def start_panel(self):
         self.panel = [self.start(f"panel-{number}", command)
                       for number, command in enumerate(self.kind.commands)]
-        if self.panel:
+        if self.kind.is_desktop:
+            wait_for(lambda: has_owner(self.kind.ready, self.environment), "the desktop", 60,
+                     self.panel[-1])
+        elif self.panel:
             wait_for(lambda: has_owner(WATCHER, self.environment), "the panel", 20, self.panel[-1])
 
     def end_panel(self):
@@ -177,17 +186,33 @@ class Desktop:
         server.chmod(0o755)
         self.environment |= {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman",
                              "WLR_XWAYLAND": str(server)}
-        if os.geteuid() == 0:
-            user = pwd.getpwnam("nobody")
-            for name in ("run", "cache", "data"):
-                os.chown(self.folder / name, user.pw_uid, user.pw_gid)
-            self.environment["HOME"] = self.environment["XDG_RUNTIME_DIR"]
-            # Changing the user takes back that the process ends with its parent.
-            self.user = ["setpriv", f"--reuid={user.pw_uid}", f"--regid={user.pw_gid}",
-                         "--clear-groups", "--pdeathsig=KILL", "--"]
+        self._become_ordinary()
         inner, socket = self.start("window-manager", ["sway"]).first_lines(2)
         self.environment |= {"DISPLAY": inner, "WAYLAND_DISPLAY":
                              f"{self.environment['XDG_RUNTIME_DIR']}/{socket}"}
+
+    def _become_ordinary(self):
+        """What starts from now on is an ordinary user's: some programs refuse to be root's."""
+        if os.geteuid() != 0:
+            return
+        user = pwd.getpwnam("nobody")
+        for name in ("run", "cache", "data"):
+            os.chown(self.folder / name, user.pw_uid, user.pw_gid)
+        self.environment["HOME"] = self.environment["XDG_RUNTIME_DIR"]
+        # Changing the user takes back that the process ends with its parent.
+        self.user = ["setpriv", f"--reuid={user.pw_uid}", f"--regid={user.pw_gid}",
+                     "--clear-groups", "--pdeathsig=KILL", "--"]
+
+    def _give_away(self):
+        """Desktops write their settings, too."""
+        if self.user:
+            user = pwd.getpwnam("nobody")
+            for path in [self.folder, *self.folder.rglob("*")]:
+                os.chown(path, user.pw_uid, user.pw_gid, follow_symlinks=False)
+
+    def add_data(self, place, folder):
+        """Puts a folder of the build among the user's data."""
+        shutil.copytree(folder, self.folder / "data" / place)
 
     def picture(self, area):
         """What is on that part of the display now."""

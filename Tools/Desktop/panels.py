@@ -18,6 +18,14 @@ class PanelKind:
     draws_colors: bool = True  # one that does not writes the text itself
     click_opens_menu: bool = False
     is_on_wayland: bool = False
+    # Of a desktop that brings its own window manager:
+    variables: dict = field(default_factory=dict)  # of its environment
+    ready: str = ""  # the bus name that says that it is there; set for desktops alone
+    data: dict = field(default_factory=dict)  # folders of the build, by where users' data has them
+
+    @property
+    def is_desktop(self):
+        return bool(self.ready)
 
 
 # Labels, and clicks that open the menu.
@@ -85,3 +93,35 @@ WAYBAR = PanelKind(
     (["waybar"],), is_on_wayland=True)
 
 NONE = PanelKind("strip", "Openbox")
+
+
+def gnome(name, extension):
+    """GNOME Shell with one extension. It has a settings service that keeps to itself what it is."""
+    return PanelKind(
+        name, "GNOME",
+        {"glib-2.0/settings/keyfile": f"""\
+[org/gnome/shell]
+enabled-extensions=['{extension}']
+welcome-dialog-last-shown-version='99'
+"""},
+        (["gnome-shell", "--x11", "--sm-disable"],),
+        draws_colors=extension.startswith("quorvel"),
+        click_opens_menu=not extension.startswith("quorvel"),
+        variables={"LIBGL_ALWAYS_SOFTWARE": "1"},
+        ready="org.gnome.Shell",
+        data={"gnome-shell/extensions/quorvel@quorvel.org":
+              "Desktops/GNOME/43/quorvel@quorvel.org"})
+
+
+GNOME_INDICATOR = gnome("gnome-indicator", "ubuntu-appindicators@ubuntu.com")
+GNOME_LINE = gnome("gnome", "quorvel@quorvel.org")
+
+PLASMA = PanelKind(
+    "plasma", "KDE", {},
+    (["kwin_x11", "--replace"], ["kded5"], ["plasmashell", "--no-respawn"]),
+    variables={"LIBGL_ALWAYS_SOFTWARE": "1", "QT_QUICK_BACKEND": "software",
+               "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5",
+               "XDG_MENU_PREFIX": "plasma-"},
+    # Last of all it shows notifications.
+    ready="org.freedesktop.Notifications",
+    data={"plasma/plasmoids/org.quorvel.line": "Desktops/Plasma/5/plasma/plasmoids/org.quorvel.line"})
