@@ -3,6 +3,7 @@
 
 """Whole desktops, each as its users have it."""
 
+import shutil
 import time
 import unittest
 
@@ -14,6 +15,8 @@ ADD_WIDGET = 'var panel = panels()[0]; panel.location = "top"; panel.addWidget("
 
 
 class EachDesktop(EachPanel):
+    strips = 0  # windows that are to be seen before the popover is opened
+
     def set_up_desktop(self):
         PICTURES.mkdir(parents=True, exist_ok=True)
         self.desktop.start_display()
@@ -22,7 +25,9 @@ class EachDesktop(EachPanel):
             self.desktop.add_data(place, BUILD / folder)
         self.desktop.start_session(self.kind)
         self.desktop.start_accessibility()
-        self.panel_area = Area(0, 0, self.screen.width, 2 * panels.HEIGHT)
+        height = 2 * panels.HEIGHT
+        top = self.screen.height - height if self.kind.is_at_bottom else 0
+        self.panel_area = Area(0, top, self.screen.width, height)
         self.file = PICTURES / f"{self.kind.name}.png"
         self.file.unlink(missing_ok=True)
 
@@ -37,20 +42,26 @@ class EachDesktop(EachPanel):
         # The desktop's settings, too, are the user's.
         settings = self.profile.configuration.read_text()
         self.desktop.configure("Quorvel/Quorvel.conf", settings)
-        self.program = self.launch(
-            XDG_CONFIG_HOME=self.desktop.environment["XDG_CONFIG_HOME"])
+        self.desktop.environment["XDG_DATA_HOME"] = str(self.profile.variables["XDG_DATA_HOME"])
+        # The user need not get at the build.
+        program = shutil.copy(BUILD / "Quorvel/quorvel", self.desktop.folder)
+        self.desktop.give_away()
+        self.program = self.desktop.start("quorvel", [program])
         self.assert_becomes(self.simulator.connection_count, 1, 20)
 
     def test_it_shows_prices_in_its_panel(self):
         self.begin()
         self.arrange()
         # The desktop writes its layout within ten seconds.
-        self.assert_becomes(self.windows, [], 20, "a strip is shown besides")
-        item = self.readable_pictures().last_figure.center
-        self.open_popover(item)
+        self.assert_becomes(lambda: len(self.windows()), self.strips, 20, "strips")
+        left, top = self.readable_pictures().last_figure.center
+        self.open_popover((left, self.panel_area.top + top))
         self.desktop.type("eth")
         self.desktop.part("push button", "Add ETH")
         self.desktop.picture(self.screen).save(self.file)
+
+    def place(self):
+        return Area(0, 0, *self.panel_area[2:])
 
     def windows(self):
         """The program's windows that can be seen."""
@@ -75,6 +86,15 @@ class Plasma(EachDesktop, PanelSession):
     def arrange(self):
         run(["gdbus", "call", "--session", "-d", "org.kde.plasmashell", "-o", "/PlasmaShell", "-m",
              "org.kde.PlasmaShell.evaluateScript", ADD_WIDGET], self.desktop.environment)
+
+
+class Cinnamon(EachDesktop, PanelSession):
+    kind = panels.CINNAMON
+
+
+class Lxqt(EachDesktop, PanelSession):
+    kind = panels.LXQT
+    strips = 1
 
 
 # The base's own case is not for desktops.

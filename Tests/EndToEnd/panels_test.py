@@ -37,10 +37,14 @@ class EachPanel:
             taken.append(self.still_picture(0.1 if taken else 1.2))
         return ItemPictures(*taken)
 
+    def place(self):
+        """Where on the pictures the item is to be."""
+        return (Area(0, 0, self.screen.width, panels.HEIGHT) if self.kind.commands else
+                Area(self.screen.width // 2, 0, self.screen.width // 2, 2 * panels.HEIGHT))
+
     def readable_pictures(self):
         """The pictures, seeing that nothing is wrong with them in the end."""
-        place = (Area(0, 0, self.screen.width, panels.HEIGHT) if self.kind.commands else
-                 Area(self.screen.width // 2, 0, self.screen.width // 2, 2 * panels.HEIGHT))
+        place = self.place()
         deadline = time.monotonic() + 20
         while (faults := (taken := self.pictures()).faults(place, self.kind.draws_colors)) \
                 and time.monotonic() < deadline:

@@ -23,6 +23,7 @@ packages_desktop=(
 )
 packages_desktops=(
     gnome-shell gnome-shell-extension-appindicator
+    cinnamon xapp-sn-watcher lxqt-panel lxqt-themes
     plasma-workspace plasma-desktop kwin-x11 breeze breeze-icon-theme kde-cli-tools libglib2.0-bin
 )
 packages_wayland=(qt6-wayland)

@@ -18,6 +18,7 @@ class PanelKind:
     draws_colors: bool = True  # one that does not writes the text itself
     click_opens_menu: bool = False
     is_on_wayland: bool = False
+    is_at_bottom: bool = False
     # Of a desktop that brings its own window manager:
     variables: dict = field(default_factory=dict)  # of its environment
     ready: str = ""  # the bus name that says that it is there; set for desktops alone
@@ -125,3 +126,39 @@ PLASMA = PanelKind(
     # Last of all it shows notifications.
     ready="org.freedesktop.Notifications",
     data={"plasma/plasmoids/org.quorvel.line": "Desktops/Plasma/5/plasma/plasmoids/org.quorvel.line"})
+
+# Its watcher is a program of its own, whose desktop file starts it at login.
+CINNAMON = PanelKind(
+    "cinnamon", "X-Cinnamon", {},
+    (["cinnamon"], ["/usr/libexec/xapps/sn-watcher/xapp-sn-watcher"]),
+    variables={"LIBGL_ALWAYS_SOFTWARE": "1", "CINNAMON_2D": "1"},
+    ready="org.kde.StatusNotifierWatcher",
+    is_at_bottom=True)
+
+# Writes no text: there is the strip.
+LXQT = PanelKind(
+    "lxqt", "LXQt",
+    {"lxqt/lxqt.conf": "[General]\ntheme=light\nicon_theme=Adwaita\n",
+     "lxqt/panel.conf": """\
+[General]
+__userfile__=true
+panels=panel1
+
+[panel1]
+plugins=mainmenu, taskbar, statusnotifier, worldclock
+position=Bottom
+
+[mainmenu]
+type=mainmenu
+
+[taskbar]
+type=taskbar
+
+[statusnotifier]
+type=statusnotifier
+
+[worldclock]
+type=worldclock
+"""},
+    (["openbox", "--sm-disable"], ["picom", "--backend", "xrender"], ["lxqt-panel"]),
+    ready="org.kde.StatusNotifierWatcher")
